@@ -1,0 +1,179 @@
+# The functions that every folder's CMakeLists.txt is made of. They glob with CONFIGURE_DEPENDS, so a new
+# source file needs no edit here; a folder that holds no source yet becomes an interface library, so that
+# those above it can name it already.
+include_guard(GLOBAL)
+include(CTest)
+
+option(PLINTH_PROGRAMS "Build the programs" ON)
+option(PLINTH_BENCHMARKS "Build the benchmarks where Google Benchmark and SQLite are installed" OFF)
+option(PLINTH_FUZZ "Build the fuzz targets (clang only)" OFF)
+set(PLINTH_STUB "${PROJECT_SOURCE_DIR}/build/windows/programs/engine/engine.exe" CACHE FILEPATH
+    "The engine.exe that the native plinth tool carries; may be missing")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_SCAN_FOR_MODULES OFF)
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+find_program(PLINTH_CCACHE ccache)
+if(PLINTH_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${PLINTH_CCACHE})
+endif()
+
+# One include root: a folder on the path would let our Locale.h stand in for <locale.h> on file systems
+# that ignore case.
+include_directories(${PROJECT_SOURCE_DIR})
+set(plinthWarnings -Wall -Wextra -Werror=return-type)
+if(WIN32)
+  # Static and without a time stamp: no DLL beyond Windows' own, and equal sources give equal bytes.
+  add_compile_options(-ffunction-sections -fdata-sections)
+  add_link_options(-static -s -Wl,--no-insert-timestamp -Wl,--gc-sections)
+  enable_language(RC)
+endif()
+
+# Sources and headers of one folder, not of those below it.
+function(plinth_glob folder sourcesVar headersVar)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+  set(${sourcesVar} ${sources} PARENT_SCOPE)
+  set(${headersVar} ${headers} PARENT_SCOPE)
+endfunction()
+
+# What plinth_library and plinth_win32_library share. verify: whether each header is also compiled alone by
+# the target all_verify_interface_header_sets.
+function(plinth_add_library name folder verify depends libs)
+  plinth_glob(${folder} sources headers)
+  list(TRANSFORM depends PREPEND plinth_)
+  if(sources)
+    add_library(plinth_${name} STATIC ${sources})
+    target_compile_options(plinth_${name} PRIVATE ${plinthWarnings})
+    set(scope PUBLIC)
+  else()
+    add_library(plinth_${name} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  target_link_libraries(plinth_${name} ${scope} ${depends} ${libs})
+  if(headers)
+    target_sources(plinth_${name} ${scope} FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}
+                   FILES ${headers})
+    set_target_properties(plinth_${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ${verify})
+  endif()
+endfunction()
+
+# plinth_library(<name> FOLDER <dir> [DEPENDS <name>...]): target plinth_<name> from <dir>/*.cpp.
+function(plinth_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "DEPENDS")
+  set(verify ON)
+  if(WIN32)
+    set(verify OFF)  # the native build has done it for the portable headers
+  endif()
+  plinth_add_library(${name} ${arg_FOLDER} ${verify} "${arg_DEPENDS}" "")
+endfunction()
+
+# plinth_win32_library(<name> FOLDER <dir> [DEPENDS <name>...] [LIBS <system library>...]): Windows only.
+function(plinth_win32_library name)
+  if(WIN32)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "DEPENDS;LIBS")
+    plinth_add_library(${name} ${arg_FOLDER} ON "${arg_DEPENDS}" "${arg_LIBS}")
+  endif()
+endfunction()
+
+# plinth_program(<exe> [GUI] FOLDER <dir> [DEPENDS <name>...] [EMBEDS <file>...])
+# main.cpp is the program; the folder's other sources, with those of its win32/ or posix/ part, are the
+# library plinth_<exe>_parts, so that tests can link them. On Windows all *.rc belong to the program; a
+# resource script finds files by their path from the source root or the build's engine folder. EMBEDS names
+# what the scripts include, since no tool tells.
+function(plinth_program exe)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "GUI" "FOLDER" "DEPENDS;EMBEDS")
+  set(dir ${PROJECT_SOURCE_DIR}/${arg_FOLDER})
+  if(WIN32)
+    set(system win32)
+  else()
+    set(system posix)
+  endif()
+  file(GLOB sources CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/${system}/*.cpp)
+  file(GLOB main CONFIGURE_DEPENDS ${dir}/main.cpp ${dir}/${system}/main.cpp)
+  if(main)
+    list(REMOVE_ITEM sources ${main})
+  endif()
+  set(depends ${arg_DEPENDS})
+  list(TRANSFORM depends PREPEND plinth_)
+  if(sources)
+    add_library(plinth_${exe}_parts STATIC ${sources})
+    target_compile_options(plinth_${exe}_parts PRIVATE ${plinthWarnings})
+    target_link_libraries(plinth_${exe}_parts PUBLIC ${depends})
+  else()
+    add_library(plinth_${exe}_parts INTERFACE)
+    target_link_libraries(plinth_${exe}_parts INTERFACE ${depends})
+  endif()
+  if(NOT main)
+    return()
+  endif()
+  add_executable(${exe} ${main})
+  target_compile_options(${exe} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${plinthWarnings}>)
+  target_link_libraries(${exe} PRIVATE plinth_${exe}_parts)
+  set_target_properties(${exe} PROPERTIES WIN32_EXECUTABLE ${arg_GUI})
+  if(WIN32)
+    file(GLOB scripts CONFIGURE_DEPENDS ${dir}/*.rc)
+    file(GLOB embedded CONFIGURE_DEPENDS ${dir}/*.manifest ${dir}/*.ico ${PROJECT_SOURCE_DIR}/Icons/*.ico)
+    target_sources(${exe} PRIVATE ${scripts})
+    target_include_directories(${exe} PRIVATE ${PROJECT_BINARY_DIR}/programs/engine)
+    set_source_files_properties(${scripts} PROPERTIES OBJECT_DEPENDS "${embedded};${arg_EMBEDS}"
+                                COMPILE_OPTIONS "-c;65001")
+  endif()
+endfunction()
+
+# GoogleTest as installed, or for the Windows cross build from the sources that Debian installs beside it.
+macro(plinth_find_gtest)
+  find_package(GTest QUIET)
+  if(NOT TARGET GTest::gmock_main)
+    set(INSTALL_GTEST OFF)
+    add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/gtest EXCLUDE_FROM_ALL)
+    foreach(part gtest gtest_main gmock gmock_main)
+      if(NOT TARGET GTest::${part})
+        add_library(GTest::${part} ALIAS ${part})
+      endif()
+    endforeach()
+  endif()
+  include(GoogleTest)
+  set(PLINTH_TEST_DATA "${PROJECT_SOURCE_DIR}/tests/data")
+  if(WIN32 AND CMAKE_CROSSCOMPILING)
+    set(PLINTH_TEST_DATA "Z:${PLINTH_TEST_DATA}")  # where Wine shows the file system of the host
+  endif()
+endmacro()
+
+# The test program of a folder from tests/<folder>/*.cpp, without telling ctest.
+# Sets resultVar to the target's name, or to nothing while the folder holds no test.
+function(plinth_test_program folder resultVar)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "DEPENDS")
+  string(REPLACE "/" "_" target ${folder}_tests)
+  file(GLOB tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*_test.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
+  if(NOT tests)
+    set(${resultVar} "" PARENT_SCOPE)
+    return()
+  endif()
+  list(TRANSFORM arg_DEPENDS PREPEND plinth_)
+  add_executable(${target} ${sources})
+  target_compile_options(${target} PRIVATE ${plinthWarnings})
+  target_compile_definitions(${target} PRIVATE PLINTH_TEST_DATA="${PLINTH_TEST_DATA}")
+  target_link_libraries(${target} PRIVATE ${arg_DEPENDS} plinth_fakes GTest::gmock_main)
+  set(${resultVar} ${target} PARENT_SCOPE)
+endfunction()
+
+# plinth_tests(<folder> [DEPENDS <name>...]): program <folder>_tests. Natively every case is a test of ctest;
+# for Windows the program is one, since each start under Wine costs more than most cases.
+function(plinth_tests folder)
+  plinth_test_program(${folder} target ${ARGN})
+  if(NOT target)
+    return()
+  endif()
+  if(WIN32)
+    add_test(NAME ${target} COMMAND ${target} --gtest_brief=1)
+    set_tests_properties(${target} PROPERTIES TIMEOUT 300)
+  else()
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  endif()
+endfunction()

@@ -1,0 +1,11 @@
+# Copies FROM to TO when the bytes differ; a missing FROM gives an empty TO. Run with cmake -P.
+if(EXISTS "${FROM}")
+  file(COPY_FILE "${FROM}" "${TO}" ONLY_IF_DIFFERENT)
+else()
+  if(EXISTS "${TO}")
+    file(SIZE "${TO}" size)
+  endif()
+  if(NOT EXISTS "${TO}" OR size GREATER 0)
+    file(WRITE "${TO}" "")
+  endif()
+endif()
