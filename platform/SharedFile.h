@@ -11,8 +11,9 @@
 namespace plinth {
 
 // One open handle. Offsets are 0-based bytes. Locks are the system's byte-range locks: held by this handle,
-// released by unlock() and on closing; a lock beyond the end of the file is fine. Two handles of one process are not
-// guaranteed to exclude each other.
+// released by unlock() and on closing; a lock beyond the end of the file is fine. Two handles exclude each other even
+// in one process. On Windows a lock also stops the reads and writes of others; elsewhere it does not, there
+// lockedByOther() tells.
 class SharedFile {
  public:
   virtual ~SharedFile() = default;
@@ -23,7 +24,10 @@ class SharedFile {
   virtual Result<std::int64_t> size() = 0;
   // Exclusive lock of `count` bytes at `offset`. Error locked when another program holds any of them.
   virtual Result<void> lock(std::int64_t offset, std::int64_t count) = 0;
+  // Releases what lock() took with the same numbers; a range that this handle does not hold is left alone.
   virtual Result<void> unlock(std::int64_t offset, std::int64_t count) = 0;
+  // Whether another handle or program holds any byte of the range. One system call, takes no lock for longer.
+  virtual Result<bool> lockedByOther(std::int64_t offset, std::int64_t count) = 0;
 };
 
 enum class OpenMode {
