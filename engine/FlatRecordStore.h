@@ -1,0 +1,76 @@
+// Records in one flat file of fixed-length slots, cut into numbered segment files when it grows: any record is one
+// positioned read away. docs/formats/data.md has the picture.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "basic/Slots.h"
+#include "engine/RecordCodec.h"
+#include "engine/RecordStore.h"
+#include "platform/Files.h"
+#include "platform/SharedFile.h"
+
+namespace plinth {
+
+inline constexpr std::int64_t kSegmentBytes = 2'140'000'000;
+
+class FlatRecordStore : public RecordStore {
+ public:
+  // Opens or makes request.path and finds its segments. segmentBytes: the length that segments are cut by; a parameter
+  // so that tests reach the second segment. Errors: notFound, denied, locked, damaged (record too long), failed.
+  // `files` and `sharedFiles`, the application and the locale must outlive the store.
+  static Result<std::unique_ptr<FlatRecordStore>> open(SharedFiles& sharedFiles, Files& files,
+                                                       const Application& application, const Locale& locale,
+                                                       const StoreRequest& request,
+                                                       std::int64_t segmentBytes = kSegmentBytes);
+
+  bool readOnly() const override { return readOnly_; }
+  std::int32_t count() const override { return count_; }
+  Result<std::int32_t> refreshCount() override;
+  Result<void> load(std::int32_t record, RecordForm& form) override;
+  Result<void> save(std::int32_t record, const RecordForm& form) override;
+  Result<void> lock(std::int32_t record) override;
+  void unlock(std::int32_t record) override;
+  Result<std::int32_t> append() override;
+  std::int32_t pictureCounter() const override { return pictureCounter_; }
+  Result<void> setPictureCounter(std::int32_t value) override;
+  double created() const override { return created_; }
+
+  std::int32_t recLen() const { return codec_.layout().recLen; }
+  // Record slots of one segment file (SegRecs) and number of the highest segment (LastSeg).
+  std::int64_t segmentRecords() const { return segRecs_; }
+  int lastSegment() const { return lastSeg_; }
+  const RecordLayout& layout() const { return codec_.layout(); }
+
+ private:
+  FlatRecordStore(SharedFiles& sharedFiles, Files& files, RecordCodec codec, const StoreRequest& request,
+                  std::int64_t segmentBytes, bool scrambled);
+  struct Slot {
+    int segment;
+    std::int64_t offset;  // 0-based in the segment file
+  };
+  Slot slotOf(std::int32_t record) const;
+  std::string segmentPath(int segment) const;
+  Result<void> openSegment(int segment);
+  Result<void> writeHeader(const StoreRequest& request);
+  Result<void> readHeader();
+  void findSegments();
+
+  SharedFiles& sharedFiles_;
+  Files& files_;
+  RecordCodec codec_;
+  std::string path_, base_;  // base_: path without "." and extension
+  bool readOnly_ = false;
+  std::int64_t segRecs_ = 1;
+  int lastSeg_ = 0, openSeg_ = -1;
+  std::unique_ptr<SharedFile> file_;
+  std::int32_t count_ = 0, pictureCounter_ = 0, locked_ = 0;
+  double created_ = 0;
+  Bytes buffer_;
+};
+
+// The opener of sessions for flat files.
+StoreOpener flatStoreOpener(SharedFiles& sharedFiles, Files& files, std::int64_t segmentBytes = kSegmentBytes);
+
+}  // namespace plinth
