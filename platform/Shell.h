@@ -14,4 +14,7 @@ class Shell {
   virtual int runAndWait(const std::string& commandLine) = 0;
 };
 
+// The person's system.
+Shell& systemShell();
+
 }  // namespace plinth
