@@ -53,7 +53,12 @@ class SlotReader {
   bool block(Bytes& value, std::int64_t count);
 
  private:
+  friend bool readTextValue(SlotReader& reader, std::string& text);
+  friend bool readByteValue(SlotReader& reader, std::uint8_t& value);
   bool fail();
+  const std::uint8_t* here() const { return bytes_.data() + (position_ - 1); }
+  bool slotNumber(double& value);
+  bool counted(std::string& value, std::int64_t fixedPart, std::int64_t count);
   std::span<const std::uint8_t> bytes_;
   std::int64_t position_;
   int failures_ = 0;
@@ -68,8 +73,8 @@ class SlotWriter {
   std::int64_t position() const { return position_; }   // 1-based
   void seek(std::int64_t position) { position_ = position; }
 
-  // One value in its self-describing form, then the position moves by 16 (the rest of the slot is left alone, but the
-  // image is grown to the slot's end).
+  // One number in its self-describing form, rounded to even and brought to the tag's nearest value; then the position
+  // moves by 16 (the rest of the slot is left alone, but the image is grown to the slot's end). REQUIRES a numeric tag.
   void slot(Tag tag, double number);
   // Count and bytes; longer than 32767 is cut to that. Returns the bytes cut off (0 when all went out).
   std::size_t text16(std::string_view text);
@@ -80,7 +85,9 @@ class SlotWriter {
   void block(std::span<const std::uint8_t> bytes);
 
  private:
-  void grow(std::int64_t end);
+  std::uint8_t* grow(std::int64_t count);
+  void put(std::span<const std::uint8_t> bytes);
+  std::size_t counted(std::string_view text, std::size_t limit, std::size_t bias);
   Bytes& image_;
   std::int64_t position_;
 };
