@@ -23,7 +23,7 @@ STATED = {
     "reports": ["model"],
     "builder": ["model", "builder/payload"],
     "output": ["engine"],
-    "surface": ["model", "reports", "builder", "formula"],
+    "surface": ["model", "reports", "builder", "formula", "widgets"],
     "platform/posix": ["platform"],
     "platform/win32": ["platform"],
 }
