@@ -17,12 +17,14 @@ namespace plinth {
 struct EmbeddedFile {
   std::string storedName;  // "" for none
   Bytes bytes;
+  bool operator==(const EmbeddedFile&) const = default;
 };
 
 struct PayloadFont {
   std::string name = "Arial";
   float size = 9;
   bool bold = false, italic = false, underline = false;
+  bool operator==(const PayloadFont&) const = default;
 };
 
 struct PayloadSquare {
@@ -31,6 +33,7 @@ struct PayloadSquare {
   std::int32_t backColor = 0xFFFFFF, borderColor = 0, fillColor = 0xFFFFFF;
   std::int16_t backStyle = 0, borderStyle = 1, fillStyle = 1, shapeType = 0, borderWidth = 1;
   float width = 0, height = 0, top = 0, left = 0;
+  bool operator==(const PayloadSquare&) const = default;
 };
 
 struct PayloadLine {
@@ -38,6 +41,7 @@ struct PayloadLine {
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
   std::int32_t borderColor = 0;
   std::uint8_t printOn = 0;
+  bool operator==(const PayloadLine&) const = default;
 };
 
 struct PayloadPicture {
@@ -51,6 +55,7 @@ struct PayloadPicture {
   bool visible = true;
   // A picture of each record rather than one of the design.
   bool isData() const { return page < 5 && image.storedName.empty(); }
+  bool operator==(const PayloadPicture&) const = default;
 };
 
 struct PayloadTitle {
@@ -62,11 +67,13 @@ struct PayloadTitle {
   std::string caption;  // scrambled in the file
   std::int16_t alignment = 0;
   std::string link, helpText;
+  bool operator==(const PayloadTitle&) const = default;
 };
 
 struct PayloadFrame {
   bool present = false;
   std::int32_t style = 0, color = 0;
+  bool operator==(const PayloadFrame&) const = default;
 };
 
 struct PayloadField {
@@ -90,6 +97,7 @@ struct PayloadField {
   std::string formula;  // prepared; scrambled in the file
   std::int16_t borderStyle = 0;
   PayloadFrame frame;
+  bool operator==(const PayloadField&) const = default;
 };
 
 struct PayloadCombo {
@@ -104,6 +112,7 @@ struct PayloadCombo {
   std::string helpText;
   std::vector<std::string> items;
   std::int32_t frameStyle = 1, frameColor = 0;
+  bool operator==(const PayloadCombo&) const = default;
 };
 
 struct PayloadMemo {
@@ -118,6 +127,7 @@ struct PayloadMemo {
   std::string helpText;
   std::int16_t borderStyle = 0;
   PayloadFrame frame;
+  bool operator==(const PayloadMemo&) const = default;
 };
 
 struct PayloadCheck {
@@ -128,6 +138,7 @@ struct PayloadCheck {
   std::string caption, tag;  // caption carries the help text
   std::int16_t exportOrder = 0;
   std::uint8_t appearance = 1;
+  bool operator==(const PayloadCheck&) const = default;
 };
 
 struct PayloadButton {
@@ -138,20 +149,24 @@ struct PayloadButton {
   std::int32_t backColor = 0, foreColor = 0;
   std::int16_t image = 0;
   std::string script;  // prepared
+  bool operator==(const PayloadButton&) const = default;
 };
 
 struct PayloadFragment {
   std::string html;
   std::int16_t page = 0;
+  bool operator==(const PayloadFragment&) const = default;
 };
 
 struct PayloadTemplate {
   std::string extension, body, caption;
+  bool operator==(const PayloadTemplate&) const = default;
 };
 
 struct PayloadProgram {
   bool visible = false;
   std::string caption, path;
+  bool operator==(const PayloadProgram&) const = default;
 };
 
 struct PayloadHeader {
@@ -173,12 +188,14 @@ struct PayloadHeader {
   std::int16_t charSet = 0;
   std::int16_t border = 2;         // 1 sizable, else 2
   std::array<std::string, 60> runMessages;
+  bool operator==(const PayloadHeader&) const = default;
 };
 
 // Menu captions in file order; an empty one hides its entry.
 struct PayloadMenus {
   std::string mlist, newin, printingit, exitit, copyadress, erasefile, deletemarkrec, finden0, finden3, cal, infoo,
       aboutit, fmenu, ops, finding, helpit, expot, copying, pasting, cuting, finden4, finden5, newview, importmenu;
+  bool operator==(const PayloadMenus&) const = default;
 };
 
 struct PayloadApplication {
@@ -210,6 +227,7 @@ struct PayloadApplication {
   std::int16_t check12 = 0;
   std::int16_t emailField = 0, emailNameField = 0;
   std::int16_t showZero = 0;
+  bool operator==(const PayloadApplication&) const = default;
 };
 
 struct Payload {
