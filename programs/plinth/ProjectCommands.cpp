@@ -1,0 +1,187 @@
+// show, check, convert, new and create: everything that works on a project file.
+#include <optional>
+
+#include "basic/CodePage.h"
+#include "basic/FileName.h"
+#include "basic/Json.h"
+#include "builder/CreateApplication.h"
+#include "model/DerivedTexts.h"
+#include "model/ProjectDescription.h"
+#include "model/ProjectFile.h"
+#include "programs/plinth/ContactsExample.h"
+#include "programs/plinth/ProjectCheck.h"
+#include "programs/plinth/Tool.h"
+#include "programs/plinth/ToolMessages.h"
+
+namespace plinth {
+namespace {
+
+int fail(ToolMachine& machine, const std::string& text) {
+  machine.err << "plinth: " << text << "\n";
+  return kFailed;
+}
+
+LanguageTexts englishTexts(const ToolMachine& machine) {
+  LanguageTexts texts;
+  texts.load({reinterpret_cast<const char*>(machine.englishTexts.data()), machine.englishTexts.size()});
+  return texts;
+}
+
+// A project and the images that came out of its file.
+struct OpenProject {
+  MemoryPictures pictures;
+  LoadResult load;
+  int codePage = 1252;
+};
+
+// Reads options.file; nullopt after a message.
+std::optional<OpenProject> openProject(const ToolOptions& options, ToolMachine& machine, const LanguageTexts& texts) {
+  const std::string path = machine.systemPath(options.file);
+  const Result<Bytes> bytes = machine.files.read(path);
+  if (!bytes) {
+    fail(machine, options.file + ": " + bytes.error().text);
+    return std::nullopt;
+  }
+  std::optional<OpenProject> project(std::in_place);
+  ReadOptions read;
+  read.checkPaths = false;  // paths are those of the designer's machine
+  read.labels = &texts;
+  project->load = readProject(*bytes, project->pictures, read);
+  if (!project->load.accepted) {
+    fail(machine, options.file + " is not a project file");
+    return std::nullopt;
+  }
+  project->load.document.projectPath = path;
+  project->codePage = codePageOfCharSet(project->load.document.charSet);
+  return project;
+}
+
+void tellSkipped(const OpenProject& project, ToolMachine& machine) {
+  if (!project.load.complete) {
+    machine.err << "plinth: the file is damaged: " << project.load.skipped << " elements could not be read\n";
+  }
+}
+
+int show(const ToolOptions& options, ToolMachine& machine) {
+  const std::optional<OpenProject> project = openProject(options, machine, englishTexts(machine));
+  if (!project) return kFailed;
+  tellSkipped(*project, machine);
+  const ProjectDocument& document = project->load.document;
+  const std::string text = options.json ? describeProject(document, project->pictures, project->load.facts)
+                                        : showProject(document);
+  machine.out << text;
+  if (text.empty() || text.back() != '\n') machine.out << "\n";
+  return kDone;
+}
+
+int check(const ToolOptions& options, ToolMachine& machine) {
+  const std::optional<OpenProject> project = openProject(options, machine, englishTexts(machine));
+  if (!project) return kFailed;
+  std::vector<std::string> findings;
+  if (!project->load.complete) {
+    findings.push_back("damaged: " + std::to_string(project->load.skipped) + " elements could not be read");
+  }
+  for (const std::string& finding : checkProject(project->load.document)) {
+    findings.push_back(toUtf8(finding, project->codePage));
+  }
+  if (options.json) {
+    JsonWriter json;
+    json.beginObject().key("version").whole(project->load.document.formatVersion);
+    json.key("skipped").whole(project->load.skipped).key("findings").beginArray();
+    for (const std::string& finding : findings) json.text(finding);
+    machine.out << json.endArray().endObject().str() << "\n";
+  } else {
+    for (const std::string& finding : findings) machine.out << finding << "\n";
+    if (findings.empty()) machine.out << "nothing found\n";
+  }
+  return findings.empty() ? kDone : kFailed;
+}
+
+// Writes a document under a path as the person named it, so that equal documents give equal bytes.
+int save(ProjectDocument& document, const PictureStore& pictures, const std::string& name, ToolMachine& machine) {
+  WriteOptions write;
+  write.path = machine.systemPath(name);
+  write.saveDate = static_cast<std::int32_t>(machine.clock.now());
+  const SaveResult saved = writeProject(document, pictures, write);
+  for (const std::string& picture : saved.unreadablePictures) {
+    machine.err << "plinth: Correct Picture File " << machine.pathUtf8(picture) << "\n";
+  }
+  const Result<void> written = machine.files.write(write.path, saved.bytes);
+  return written ? kDone : fail(machine, name + ": " + written.error().text);
+}
+
+int convert(const ToolOptions& options, ToolMachine& machine) {
+  std::optional<OpenProject> project = openProject(options, machine, englishTexts(machine));
+  if (!project) return kFailed;
+  tellSkipped(*project, machine);
+  return save(project->load.document, project->pictures, options.outFile, machine);
+}
+
+int makeNew(const ToolOptions& options, ToolMachine& machine) {
+  if (machine.files.exists(machine.systemPath(options.file))) {
+    return fail(machine, options.file + " exists already");
+  }
+  ProjectDocument document = emptyDocument(englishTexts(machine), machine.clock.now());
+  document.appIcon.assign(machine.defaultIcon.begin(), machine.defaultIcon.end());
+  if (options.example == "contacts") layOutContacts(document);
+  MemoryPictures pictures;
+  return save(document, pictures, options.file, machine);
+}
+
+// Reads the icon that --icon names; false after a message.
+bool readIcon(const ToolOptions& options, ToolMachine& machine, Bytes& icon) {
+  if (options.icon.empty()) return true;
+  Result<Bytes> bytes = machine.files.read(machine.systemPath(options.icon));
+  if (!bytes) {
+    fail(machine, options.icon + ": " + bytes.error().text);
+    return false;
+  }
+  icon = std::move(*bytes);
+  return true;
+}
+
+int create(const ToolOptions& options, ToolMachine& machine) {
+  if (machine.stub.empty()) return fail(machine, "this tool was built without the run-time engine");
+  const LanguageTexts texts = englishTexts(machine);
+  std::optional<OpenProject> project = openProject(options, machine, texts);
+  if (!project) return kFailed;
+  tellSkipped(*project, machine);
+  ProjectDocument& document = project->load.document;
+  CreateRequest request;
+  if (!readIcon(options, machine, request.iconBytes)) return kFailed;
+  request.name = options.name.empty() ? initialApplicationName(document) : machine.systemPath(options.name);
+  if (request.name.empty()) request.name = withoutExtension(fileNameOf(document.projectPath));
+  request.folder = machine.systemPath(options.output);
+  if (!request.folder.empty()) {
+    const Result<void> made = machine.files.makeFolder(request.folder);
+    if (!made) return fail(machine, options.output + ": " + made.error().text);
+  }
+  ToolMessages messages(machine.err, project->codePage, true);
+  ToolProgress progress(machine.err, machine.progressBar);
+  CompileApp compile({machine.files, messages, progress, project->pictures,
+                      [&texts](int number) { return texts.text(number); }, machine.programFolder, "English",
+                      machine.stub, machine.defaultIcon, nullptr});
+  if (!compile.bigEnough(document)) return kFailed;
+  const CreateResult result = compile.run(document, request);
+  for (const std::string& note : result.notes) machine.err << "plinth: " << toUtf8(note, project->codePage) << "\n";
+  if (!result.ok()) {
+    return result.problem.empty() ? fail(machine, "no application was created") : fail(machine, result.problem);
+  }
+  machine.out << machine.pathUtf8(result.executable) << "\n";
+  return kDone;
+}
+
+}  // namespace
+
+int runProjectCommand(const ToolOptions& options, ToolMachine& machine) {
+  switch (options.command) {
+    case Command::show: return show(options, machine);
+    case Command::check: return check(options, machine);
+    case Command::convert: return convert(options, machine);
+    case Command::newProject: return makeNew(options, machine);
+    case Command::create: return create(options, machine);
+    default: return kWrongUsage;
+  }
+}
+
+}  // namespace plinth
