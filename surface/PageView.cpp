@@ -3,14 +3,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
-#include "model/PageSize.h"
+#include "model/PaperSize.h"
 
 namespace plinth {
 
 namespace {
 
 constexpr int kFieldInset = 3, kCheckSize = 13, kComboPadding = 5, kNearLine = 3;
+constexpr int kLeastPage = 32, kMostPage = 20000;
 constexpr int kHelpBar = 1, kFirstShownTitle = 1;
 
 // Coordinates come from files: anything may stand there, but no page reaches further than this.
@@ -180,8 +182,10 @@ PageItems pageItems(const ProjectDocument& document, int page, PageImages& image
 }
 
 SizePx pageSizePx(const ProjectDocument& document) {
-  const PageSizeTwips size = pageSizeOf(document);
-  return {twipsToPixels(size.width), twipsToPixels(size.height)};
+  const std::optional<PaperSize> paper = paperSize(document.pageSizeCode, document.pageSize20);
+  const auto sane = [](float twips) { return std::clamp(px(twips), kLeastPage, kMostPage); };
+  if (paper) return {sane(paper->width), sane(paper->height)};
+  return {sane(document.pageWidth), sane(document.pageHeight)};
 }
 
 std::int32_t pageColorOf(const ProjectDocument& document, int page) {

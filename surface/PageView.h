@@ -45,7 +45,8 @@ bool showsOnPage(int objectPage, bool visible, int page);
 // boxes, buttons, scripts. Pixels from the page's top left corner; each item's ref is its ObjectKind and index.
 PageItems pageItems(const ProjectDocument& document, int page, PageImages& images, const TextMeasure& measure);
 
-// Size of the pages in pixels; back colour of a page (0 to 4).
+// Size of the pages in pixels: of the chosen paper, else the user's own; always within 32 to 20000, whatever the
+// project says. Back colour of a page (0 to 4).
 SizePx pageSizePx(const ProjectDocument& document);
 std::int32_t pageColorOf(const ProjectDocument& document, int page);
 

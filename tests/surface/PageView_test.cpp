@@ -5,7 +5,6 @@
 
 #include <limits>
 
-#include "model/PageSize.h"
 #include "surface/PageSurface.h"
 #include "tests/fakes/RecordingCanvas.h"
 
