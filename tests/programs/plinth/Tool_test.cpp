@@ -1,0 +1,144 @@
+// The tool from words to files and exit codes, on a machine in memory with a stub of noise in the engine's place.
+#include "programs/plinth/Tool.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tests/fakes/FakeClock.h"
+#include "tests/fakes/MemoryFiles.h"
+#include "tests/fakes/MemorySharedFiles.h"
+
+namespace plinth {
+namespace {
+
+class ToolTest : public ::testing::Test {
+ protected:
+  ToolTest() : shared(disk), files(disk) {
+    for (std::size_t i = 0; i < 3000; ++i) stub.push_back(static_cast<std::uint8_t>(i * 7 + i / 256));
+    icon.assign(766, 0x22);
+  }
+
+  // Runs the tool; its standard output. `code` gets the exit code.
+  std::string run(std::vector<std::string> words) {
+    std::ostringstream out, err;
+    const auto same = [](std::string_view text) { return std::string(text); };
+    ToolMachine machine{out,  err,  false,   files, shared, clock, englishLocale(), stub,
+                        icon, {}, "/plinth/", same,  same};
+    code = runTool(words, machine);
+    errors = err.str();
+    return out.str();
+  }
+
+  // The address book, created; its executable.
+  std::string contacts() {
+    run({"new", "/work/Contacts.qvf", "--example", "contacts"});
+    EXPECT_EQ(code, 0) << errors;
+    std::string path = run({"create", "/work/Contacts.qvf", "--output", "/out"});
+    EXPECT_EQ(code, 0) << errors;
+    if (!path.empty()) path.pop_back();
+    return path;
+  }
+
+  std::shared_ptr<MemoryDisk> disk = std::make_shared<MemoryDisk>();
+  MemorySharedFiles shared;
+  MemoryFiles files;
+  FakeClock clock;
+  Bytes stub, icon;
+  int code = -1;
+  std::string errors;
+};
+
+TEST_F(ToolTest, NewNeverOverwrites) {
+  run({"new", "/work/a.qvf"});
+  EXPECT_EQ(code, 0);
+  const std::string first = files.textOf("/work/a.qvf");
+  run({"new", "/work/a.qvf", "--example", "contacts"});
+  EXPECT_EQ(code, 1);
+  EXPECT_EQ(files.textOf("/work/a.qvf"), first);
+}
+
+TEST_F(ToolTest, ExampleIsSoundAndConvertsToItself) {
+  run({"new", "a.qvf", "--example", "contacts"});
+  EXPECT_EQ(run({"check", "a.qvf"}), "nothing found\n");
+  run({"convert", "a.qvf", "/x/b.qvf"});
+  const std::string once = files.textOf("/x/b.qvf");
+  run({"convert", "/x/b.qvf", "/x/b.qvf"});
+  EXPECT_EQ(code, 0);
+  EXPECT_EQ(files.textOf("/x/b.qvf"), once);
+  EXPECT_NE(run({"show", "/x/b.qvf", "--json"}).find("\"First_Name\""), std::string::npos);
+}
+
+TEST_F(ToolTest, CheckNamesWhatRefersToNothing) {
+  run({"new", "a.qvf", "--example", "contacts"});
+  std::string bytes = files.textOf("a.qvf");
+  const std::size_t at = bytes.find("F15*F16");
+  ASSERT_NE(at, std::string::npos);
+  bytes.replace(at, 7, "F15*F99");
+  files.put("a.qvf", bytes);
+  EXPECT_EQ(run({"check", "a.qvf"}), "the formula of F17 refers to F99, which does not exist\n");
+  EXPECT_EQ(code, 1);
+}
+
+TEST_F(ToolTest, BadFilesGetASentence) {
+  files.put("text.qvf", std::string("not a project"));
+  files.put("cut.exe", std::string("MZ"));
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+           {"show", "text.qvf"}, {"check", "missing.qvf"}, {"create", "text.qvf"},
+           {"records", "cut.exe", "count"}, {"records", "missing.exe", "list"}}) {
+    EXPECT_EQ(run(words), "");
+    EXPECT_EQ(code, 1) << words[1];
+    EXPECT_NE(errors, "");
+  }
+}
+
+TEST_F(ToolTest, RecordsAreAddedReadChangedAndErased) {
+  const std::string exe = contacts();
+  EXPECT_EQ(exe, "/out/Contacts/Contacts.exe");
+  run({"records", exe, "count"});
+  EXPECT_EQ(code, 1) << "there is no data file yet, and only add makes one";
+
+  EXPECT_EQ(run({"records", exe, "add", "First_Name=ada", "last_name=lovelace", "Quantity=3", "Price=9.5", "Paid=1"}),
+            "1\n") << errors;
+  EXPECT_EQ(run({"records", exe, "add", "F1=grace"}), "2\n") << errors;
+  EXPECT_EQ(run({"records", exe, "count", "--json"}), "{\"count\": 2}\n");
+
+  const std::string first = run({"records", exe, "get", "1", "--json"});
+  for (const char* part : {"{\"record\": 1, \"values\": {", "\"First_Name\": \"Ada\"", "\"Total\": \"28.50\"",
+                           "\"Status\": \"PAID\"",
+                           "\"In_Words\": \"Twenty-Eight Dollars and Fifty Cents\""}) {
+    EXPECT_NE(first.find(part), std::string::npos) << part << "\n" << first;
+  }
+
+  EXPECT_EQ(run({"records", exe, "set", "2", "Price=2", "Quantity=2"}), "2\n") << errors;
+  const std::string listed = run({"records", exe, "list", "--json"});
+  EXPECT_EQ(std::count(listed.begin(), listed.end(), '\n'), 2);
+  EXPECT_NE(listed.find("\"Total\": \"4.00\""), std::string::npos) << listed;
+
+  EXPECT_EQ(run({"records", exe, "erase", "1"}), "1\n");
+  EXPECT_NE(run({"records", exe, "get", "1", "--json"}).find("\"First_Name\": \"\""), std::string::npos);
+  run({"records", exe, "get", "3"});
+  EXPECT_EQ(code, 1);
+}
+
+TEST_F(ToolTest, UnknownLabelsChangeNothing) {
+  const std::string exe = contacts();
+  run({"records", exe, "add", "First_Name=ada"});
+  run({"records", exe, "add", "Frist_Name=eve"});
+  EXPECT_EQ(code, 2);
+  EXPECT_NE(errors.find("First_Name"), std::string::npos) << "the labels are listed";
+  EXPECT_EQ(run({"records", exe, "count"}), "1\n");
+}
+
+TEST_F(ToolTest, DataFileIsTheApplicationsOrTheNamedOne) {
+  const std::string exe = contacts();
+  run({"records", exe, "add", "First_Name=ada"});
+  EXPECT_TRUE(files.exists("/out/Contacts/Contacts.dbd"));
+  run({"records", exe, "add", "First_Name=eve", "--data", "/other/mine.dbd"});
+  EXPECT_EQ(code, 0) << errors;
+  EXPECT_NE(run({"records", exe, "get", "1", "--data", "/other/mine.dbd"}).find("Eve"), std::string::npos);
+  EXPECT_NE(run({"records", exe, "get", "1"}).find("Ada"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace plinth
