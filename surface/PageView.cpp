@@ -71,8 +71,10 @@ struct Builder {
     return LineItem{{px(row.x1), px(row.y1)}, {px(row.x2), px(row.y2)}, {LineStyle::solid, 1, plainColor(row.borderColor)}};
   }
   ItemShape picture(const PictureRow& row) const {
-    return PictureItem{rectOf(row.left, row.top, row.width, row.height), images.at(row.picturePath),
-                       row.pictureMode != 0, row.picBorder, row.picFlag || row.picturePath.empty(), row.picField};
+    std::shared_ptr<Image> image = images.at(row.picturePath);
+    if (!image && row.picFlag) image = images.at(document.defaultImagePath);
+    return PictureItem{rectOf(row.left, row.top, row.width, row.height), image, row.pictureMode != 0, row.picBorder,
+                       row.picFlag || row.picturePath.empty(), row.picField};
   }
   ItemShape title(const TitleRow& row) const {
     TitleItem item{{}, row.caption, underlinedFontOf(row, document.charSet), plainColor(row.foreColor),
@@ -157,7 +159,7 @@ std::shared_ptr<Image> StoredImages::at(const std::string& path) {
   if (path.empty()) return nullptr;
   const auto known = images_.find(path);
   if (known != images_.end()) return known->second;
-  const std::optional<Bytes> bytes = store_.get(path);
+  const std::optional<Bytes> bytes = load_(path);
   return images_[path] = bytes ? decoder_.decode(*bytes) : nullptr;
 }
 

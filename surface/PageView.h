@@ -5,9 +5,9 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "model/PictureStore.h"
 #include "model/ProjectDocument.h"
 #include "platform/Canvas.h"
 #include "widgets/PageItems.h"
@@ -22,15 +22,16 @@ class PageImages {
   virtual std::shared_ptr<Image> at(const std::string& path) = 0;
 };
 
-// Reads through a picture store; each image is decoded once until clear().
+// Each image is read and decoded once until clear().
 class StoredImages : public PageImages {
  public:
-  StoredImages(const PictureStore& store, ImageDecoder& decoder) : store_(store), decoder_(decoder) {}
+  using Load = std::function<std::optional<Bytes>(const std::string& path)>;
+  StoredImages(Load load, ImageDecoder& decoder) : load_(std::move(load)), decoder_(decoder) {}
   std::shared_ptr<Image> at(const std::string& path) override;
   void clear() { images_.clear(); }
 
  private:
-  const PictureStore& store_;
+  Load load_;
   ImageDecoder& decoder_;
   std::map<std::string, std::shared_ptr<Image>> images_;
 };

@@ -1,0 +1,214 @@
+// Commands run one at a time; what the shell tells comes in through DesignerView and goes on to window and drawing area.
+#include "surface/DesignerController.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "basic/CodePage.h"
+#include "basic/FileName.h"
+#include "basic/Text.h"
+#include "surface/DesignerCommands.h"
+#include "surface/DesignerDialogs.h"
+
+namespace plinth {
+
+class DesignerController::Turn {
+ public:
+  explicit Turn(DesignerController& designer) : designer_(designer), mine_(!designer.busy_) { designer_.busy_ = true; }
+  ~Turn() {
+    if (mine_) designer_.busy_ = false;
+  }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+  explicit operator bool() const { return mine_; }
+
+ private:
+  DesignerController& designer_;
+  bool mine_;
+};
+
+template <class F>
+void DesignerController::run(F command) {
+  const Turn turn(*this);
+  if (!turn) return;
+  result_.clear();
+  command();
+  window_.menusChanged();
+  window_.statusChanged();
+}
+
+DesignerController::DesignerController(DesignerParts parts, DesignerWindow& window)
+    : parts_(std::move(parts)),
+      window_(window),
+      shell_(parts_.services, *this),
+      images_([this](const std::string& path) { return shell_.pictures().get(path); }, parts_.decoder),
+      surface_(shell_.document(), images_, parts_.measure, window) {}
+
+bool DesignerController::start(const std::string& commandLine) {
+  bool started = false;
+  run([&] { started = shell_.start(commandLine); });
+  return started;
+}
+
+void DesignerController::newProject() {
+  run([this] { shell_.newProject(); });
+}
+void DesignerController::open() {
+  run([this] { shell_.open(); });
+}
+void DesignerController::save() {
+  run([this] { shell_.save(); });
+}
+void DesignerController::saveAs() {
+  run([this] { shell_.saveAs(); });
+}
+void DesignerController::openRecent(int number) {
+  run([this, number] { shell_.openRecent(number); });
+}
+void DesignerController::openPath(const std::string& path) {
+  run([this, &path] { shell_.openPath(path); });
+}
+void DesignerController::exit() {
+  run([this] {
+    if (shell_.mayExit()) window_.end();
+  });
+}
+void DesignerController::showPage(int page) {
+  run([this, page] { surface_.showPage(page); });
+}
+void DesignerController::showNextPage(int step) {
+  run([this, step] { surface_.showNextPage(step); });
+}
+void DesignerController::chooseLanguage(int index) {
+  run([this, index] {
+    if (index >= 0 && index < static_cast<int>(shell_.languages().size()))
+      shell_.chooseLanguage(shell_.languages()[static_cast<std::size_t>(index)]);
+  });
+}
+
+bool DesignerController::keyDown(const KeyEvent& event) {
+  const int command = commandOfKey(event);
+  if (command != 0) return runCommand(*this, command);
+  return !busy_ && surface_.keyDown(event);
+}
+
+std::string DesignerController::text(int label, const char* english) const {
+  const std::string& found = shell_.texts().text(label);
+  return found.empty() ? english : found;
+}
+
+int DesignerController::languageCodePage() const { return codePageOfCharSet(shell_.texts().charSet()); }
+
+void DesignerController::fileProperties() {
+  run([this] {
+    FileProperties properties = shell_.document().fileProp;
+    const LabelSource labels = [this](int label, const char* english) { return text(label, english); };
+    if (!parts_.dialogs.run(filePropertiesDialog(properties, labels))) return;
+    const FileProperties& before = shell_.document().fileProp;
+    if (before.comments == properties.comments && before.deskIcon == properties.deskIcon) return;
+    shell_.document().fileProp = properties;
+    shell_.changed();
+  });
+}
+
+void DesignerController::about() {
+  run([this] {
+    parts_.dialogs.run(
+        aboutDialog(parts_.version, [this](int label, const char* english) { return text(label, english); }));
+  });
+}
+
+CreateEnvironment DesignerController::createEnvironment() {
+  DesignerServices& s = parts_.services;
+  return {s.files, s.messages, s.progress, shell_.pictures(), [this](int label) { return shell_.texts().text(label); },
+          s.programFolder, shell_.languageName().empty() ? "English" : shell_.languageName(), parts_.stub,
+          parts_.defaultIcon};
+}
+
+void DesignerController::createApplication() {
+  run([this] {
+    CompileApp compiler(createEnvironment());
+    if (!compiler.bigEnough(shell_.document())) return;
+    Files& files = parts_.services.files;
+    const std::string iconFolder = parts_.services.programFolder + "Icons" + files.separator();
+    CreateChoices choices{initialApplicationName(shell_.document()), folderOf(shell_.lastPath()), {}, ""};
+    if (choices.folder.empty()) choices.folder = files.currentFolder();
+    for (const std::string& name : files.list(iconFolder))
+      if (equalAsciiNoCase(extensionOf(name), "ico")) choices.icons.push_back(name);
+    const auto iconBytes = [&](const std::string& name) {
+      return name.empty() ? shell_.document().appIcon : LoadIconFile(files, iconFolder + name, parts_.defaultIcon);
+    };
+    FileProperties properties = shell_.document().fileProp;
+    const LabelSource labels = [this](int label, const char* english) { return text(label, english); };
+    const auto editProperties = [&] {
+      FileProperties edited = properties;
+      if (parts_.dialogs.run(filePropertiesDialog(edited, labels))) properties = edited;
+    };
+    const auto image = [&](const std::string& name) { return parts_.decoder.decode(iconBytes(name)); };
+    if (!parts_.dialogs.run(createDialog(choices, labels, image, editProperties)) || choices.name.empty()) return;
+    shell_.document().fileProp = properties;
+    if (!choices.icon.empty()) {
+      shell_.document().appIcon = iconBytes(choices.icon);
+      shell_.document().appIconPath = iconFolder + choices.icon;
+    }
+    report(compiler.run(shell_.document(), {choices.name, choices.folder, shell_.document().appIcon, false}));
+    surface_.objectsChanged();
+  });
+}
+
+void DesignerController::report(const CreateResult& result) {
+  if (result.status == CreateStatus::failed) {
+    parts_.services.messages.show(result.problem, MessageIcon::error);
+    return;
+  }
+  if (!result.ok()) return;
+  result_ = "Created " + result.executable;
+  if (result.notes.empty()) return;
+  std::string notes;
+  for (const std::string& note : result.notes) notes += (notes.empty() ? "" : "\r\n") + note;
+  parts_.services.messages.show(notes, MessageIcon::information);
+}
+
+std::vector<std::string> DesignerController::status() const {
+  const ProjectDocument& document = shell_.document();
+  const int page = surface_.currentPage();
+  const SizePx size = pageSizePx(document);
+  const int system = parts_.systemCodePage;
+  const std::string project = shell_.lastPath().empty() ? shell_.projectPath() : shell_.lastPath();
+  return {result_.empty() ? toUtf8(project, system) + (document.dirty ? " *" : "") : toUtf8(result_, system),
+          std::to_string(size.width) + " x " + std::to_string(size.height),
+          std::to_string(objectsOnPage(document, page)) + " / " + std::to_string(objectsInProject(document)),
+          toUtf8(pointed_, codePageOfCharSet(document.charSet))};
+}
+
+void DesignerController::setPointed(const std::string& name) {
+  pointed_ = name;
+  window_.statusChanged();
+}
+
+void DesignerController::projectChanged() {
+  images_.clear();
+  surface_.projectChanged();
+  window_.menusChanged();
+  window_.statusChanged();
+}
+
+void DesignerController::captionChanged(const std::string& caption) {
+  window_.showCaption(toUtf8(caption, parts_.systemCodePage));
+}
+
+void DesignerController::recentFilesChanged() { window_.menusChanged(); }
+
+void DesignerController::languageChanged() {
+  surface_.objectsChanged();
+  window_.menusChanged();
+}
+
+void DesignerController::setBusy(bool busy) { window_.setBusy(busy); }
+
+std::string DesignerController::chooseLanguage(const std::vector<std::string>& names) {
+  std::string chosen;
+  return parts_.dialogs.run(languageDialog(chosen, names)) ? chosen : "";
+}
+
+}  // namespace plinth

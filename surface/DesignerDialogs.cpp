@@ -1,0 +1,106 @@
+// Each dialog is a function from values to rows.
+#include "surface/DesignerDialogs.h"
+
+#include <array>
+
+namespace plinth {
+
+namespace {
+
+constexpr int kFirstId = 101;
+
+DialogRow row(int id, RowKind kind, std::string label) {
+  DialogRow out;
+  out.id = id;
+  out.kind = kind;
+  out.label = std::move(label);
+  return out;
+}
+
+// A row over a text that outlives the dialog.
+DialogRow textRow(int id, RowKind kind, std::string label, std::string& value) {
+  DialogRow out = row(id, kind, std::move(label));
+  out.get = [&value] { return value; };
+  out.set = [&value](const std::string& text) { value = text; };
+  return out;
+}
+
+}  // namespace
+
+DialogSpec createDialog(CreateChoices& choices, const LabelSource& label,
+                        std::function<std::shared_ptr<Image>(const std::string&)> iconImage,
+                        std::function<void()> properties) {
+  DialogSpec spec;
+  spec.title = label(285, "Create Application...");
+  spec.ok = label(159, "Create...");
+  spec.okWhen = [&choices] { return !choices.name.empty(); };
+  int id = kFirstId;
+  spec.rows.push_back(textRow(id++, RowKind::text, "&Name :", choices.name));
+  spec.rows.push_back(textRow(id++, RowKind::folder, "&Folder :", choices.folder));
+  DialogRow icons = textRow(id++, RowKind::list, "Select Windows Desk Top &Icon...", choices.icon);
+  icons.items = [&choices] { return choices.icons; };
+  icons.lines = 5;
+  spec.rows.push_back(std::move(icons));
+  DialogRow preview = row(id++, RowKind::picture, "");
+  preview.image = [&choices, iconImage = std::move(iconImage)] { return iconImage(choices.icon); };
+  spec.rows.push_back(std::move(preview));
+  DialogRow setup = row(id++, RowKind::check, "Create &Setup File");
+  setup.get = [] { return std::string(); };
+  setup.enabledWhen = [] { return false; };
+  setup.toolTip = "This version does not make setup files yet.";
+  spec.rows.push_back(std::move(setup));
+  DialogRow button = row(id++, RowKind::button, "&Properties");
+  button.press = std::move(properties);
+  button.toolTip = "Company, version and other texts of the finished program";
+  spec.rows.push_back(std::move(button));
+  return spec;
+}
+
+DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& label) {
+  static constexpr std::array<const char*, 9> kLabels{
+      "&Company Name :", "File &Description :", "&Legal Copyright :", "Legal &Trademarks :", "Product &Name :",
+      "&Version :",      "Setup &Password :",   "Setup Lic&ense :",   "Setup &Readme :"};
+  constexpr std::size_t kFirstLong = 7;
+  DialogSpec spec;
+  spec.title = label(0, "File Properties");
+  spec.width = 520;
+  int id = kFirstId;
+  for (std::size_t i = 0; i < kLabels.size(); ++i) {
+    const bool isLong = i >= kFirstLong;
+    DialogRow text = textRow(id++, isLong ? RowKind::memo : RowKind::text, kLabels[i], properties.comments[i]);
+    text.lines = isLong ? 4 : 1;
+    spec.rows.push_back(std::move(text));
+  }
+  DialogRow desk = row(id++, RowKind::check, "Setup Desktop &Icon");
+  desk.get = [&properties] { return std::string(properties.deskIcon != 0 ? "1" : ""); };
+  desk.set = [&properties](const std::string& value) { properties.deskIcon = value.empty() ? 0 : 1; };
+  spec.rows.push_back(std::move(desk));
+  return spec;
+}
+
+DialogSpec aboutDialog(const std::string& version, const LabelSource& label) {
+  DialogSpec spec;
+  spec.title = label(0, "About Plinth");
+  spec.cancel = "";
+  spec.width = 360;
+  DialogRow name = row(kFirstId, RowKind::note, "Plinth " + version);
+  name.get = [] {
+    return std::string("Lays out data-entry forms and makes stand-alone database applications of them.");
+  };
+  spec.rows.push_back(std::move(name));
+  return spec;
+}
+
+DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names) {
+  DialogSpec spec;
+  spec.title = "Language";
+  spec.width = 280;
+  spec.okWhen = [&chosen] { return !chosen.empty(); };
+  DialogRow list = textRow(kFirstId, RowKind::list, "", chosen);
+  list.items = [names] { return names; };
+  list.lines = 10;
+  spec.rows.push_back(std::move(list));
+  return spec;
+}
+
+}  // namespace plinth
