@@ -1,67 +1,48 @@
 // The tables behind LocaleForms.h: strftime letters, money layouts and the code page of each language.
 #include "platform/LocaleForms.h"
 
-#include <cctype>
-
 namespace plinth {
 namespace {
 
+struct Conversion {
+  char letter;
+  const char* pattern;
+  const char* unpadded;  // after "%-" or "%_"
+};
+
+constexpr Conversion kConversions[] = {{'d', "dd", "d"},
+                                       {'e', "d", "d"},
+                                       {'m', "MM", "M"},
+                                       {'y', "yy", "yy"},
+                                       {'Y', "yyyy", "yyyy"},
+                                       {'G', "yyyy", "yyyy"},
+                                       {'a', "ddd", "ddd"},
+                                       {'A', "dddd", "dddd"},
+                                       {'b', "MMM", "MMM"},
+                                       {'h', "MMM", "MMM"},
+                                       {'B', "MMMM", "MMMM"},
+                                       {'H', "HH", "H"},
+                                       {'k', "H", "H"},
+                                       {'I', "hh", "h"},
+                                       {'l', "h", "h"},
+                                       {'M', "mm", "mm"},
+                                       {'S', "ss", "ss"},
+                                       {'p', "tt", "tt"},
+                                       {'P', "tt", "tt"},
+                                       {'T', "HH:mm:ss", "HH:mm:ss"},
+                                       {'R', "HH:mm", "HH:mm"},
+                                       {'r', "hh:mm:ss tt", "hh:mm:ss tt"},
+                                       {'D', "MM/dd/yy", "MM/dd/yy"},
+                                       {'F', "yyyy-MM-dd", "yyyy-MM-dd"},
+                                       {'n', " ", " "},
+                                       {'t', " ", " "},
+                                       {'%', "%", "%"}};
+
 // The pattern of one strftime conversion; nullptr for those that a pattern cannot say.
 const char* patternOfLetter(char letter, bool unpadded) {
-  switch (letter) {
-    case 'd':
-      return unpadded ? "d" : "dd";
-    case 'e':
-      return "d";
-    case 'm':
-      return unpadded ? "M" : "MM";
-    case 'y':
-      return "yy";
-    case 'Y':
-    case 'G':
-      return "yyyy";
-    case 'a':
-      return "ddd";
-    case 'A':
-      return "dddd";
-    case 'b':
-    case 'h':
-      return "MMM";
-    case 'B':
-      return "MMMM";
-    case 'H':
-      return unpadded ? "H" : "HH";
-    case 'k':
-      return "H";
-    case 'I':
-      return unpadded ? "h" : "hh";
-    case 'l':
-      return "h";
-    case 'M':
-      return "mm";
-    case 'S':
-      return "ss";
-    case 'p':
-    case 'P':
-      return "tt";
-    case 'T':
-      return "HH:mm:ss";
-    case 'R':
-      return "HH:mm";
-    case 'r':
-      return "hh:mm:ss tt";
-    case 'D':
-      return "MM/dd/yy";
-    case 'F':
-      return "yyyy-MM-dd";
-    case 'n':
-    case 't':
-      return " ";
-    case '%':
-      return "%";
-    default:
-      return nullptr;
-  }
+  for (const Conversion& row : kConversions)
+    if (row.letter == letter) return unpadded ? row.unpadded : row.pattern;
+  return nullptr;
 }
 
 bool isAlpha(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }

@@ -7,31 +7,31 @@
 namespace plinth {
 namespace {
 
+struct Meaning {
+  int code;
+  ErrorKind kind;
+};
+
+constexpr Meaning kMeanings[] = {{ENOENT, ErrorKind::notFound},
+                                 {ENOTDIR, ErrorKind::notFound},
+                                 {EACCES, ErrorKind::denied},
+                                 {EPERM, ErrorKind::denied},
+                                 {EROFS, ErrorKind::denied},
+                                 {EISDIR, ErrorKind::denied},
+                                 {ETXTBSY, ErrorKind::denied},
+                                 {EAGAIN, ErrorKind::locked},
+                                 {EDEADLK, ErrorKind::locked},
+                                 {ENOSPC, ErrorKind::full},
+                                 {EDQUOT, ErrorKind::full},
+                                 {EFBIG, ErrorKind::full},
+                                 {EINVAL, ErrorKind::wrongUsage},
+                                 {EOVERFLOW, ErrorKind::wrongUsage},
+                                 {ENAMETOOLONG, ErrorKind::wrongUsage}};
+
 ErrorKind kindOfErrno(int code) {
-  switch (code) {
-    case ENOENT:
-    case ENOTDIR:
-      return ErrorKind::notFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-    case ETXTBSY:
-      return ErrorKind::denied;
-    case EAGAIN:
-    case EDEADLK:
-      return ErrorKind::locked;
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-      return ErrorKind::full;
-    case EINVAL:
-    case EOVERFLOW:
-    case ENAMETOOLONG:
-      return ErrorKind::wrongUsage;
-    default:
-      return ErrorKind::failed;
-  }
+  for (const Meaning& meaning : kMeanings)
+    if (meaning.code == code) return meaning.kind;
+  return ErrorKind::failed;
 }
 
 }  // namespace
