@@ -47,6 +47,7 @@ class Decimal28 {
   bool operator==(const Decimal28& other) const { return compare(*this, other) == 0; }
 
  private:
+  friend class DecimalWork;  // the arithmetic, which needs wider whole numbers than this header should show
   std::array<std::uint32_t, 3> words_{};  // little-endian magnitude
   std::uint8_t scale_ = 0;                // digits behind the point, 0 to 28
   bool negative_ = false;
