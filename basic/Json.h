@@ -9,7 +9,8 @@
 namespace plinth {
 
 // Builds one JSON text. Keys stand in the order of the calls. Numbers: whole ones without a point, floats in their
-// shortest exact form with a point ("240.0").
+// shortest exact form with a point ("240.0"), null when not finite. One line: ", " and ": " stand between items.
+// REQUIRES each begin to be ended, and a key before each value of an object.
 class JsonWriter {
  public:
   // indent: blanks a level, 0 for one line.
@@ -29,6 +30,11 @@ class JsonWriter {
 
  private:
   void lead();
+  void newLine();
+  JsonWriter& open(char bracket);
+  JsonWriter& close(char bracket);
+  JsonWriter& literal(std::string_view word);
+  template <class T> JsonWriter& number(T value);
   int indent_;
   std::string out_;
   std::vector<bool> hasItems_;
