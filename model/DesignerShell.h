@@ -56,7 +56,8 @@ class DesignerShell {
   // False when the program must end (the message was shown).
   bool start(const std::string& commandLine);
 
-  // Each shows its own messages. False: nothing was opened or saved, the open project stays.
+  // Each shows its own messages. False: nothing was opened or saved, the open project stays. Before another project
+  // takes the place of one with changes the person is asked to save it.
   bool newProject();
   bool open();                            // asks for the file
   bool openPath(const std::string& path); // as open, with a path that is known
@@ -99,11 +100,18 @@ class DesignerShell {
   void listLanguages();
   bool loadLanguage(const std::string& name, bool fromMenu);
   void makeDefaultProject();
+  ProjectDocument freshDocument() const;
   bool load(const std::string& path, bool keepLook);
+  void takeDocument(ProjectDocument document, const std::string& path);
   void rememberFile(const std::string& path);
-  bool saveTo(const std::string& path, bool inPlace);
+  bool saveTo(const std::string& path);
+  bool mayLeaveProject();
+  bool isDefaultProject(const std::string& path) const;
   void setCaption(std::string caption);
+  std::int32_t today() const;
   std::string beside(const std::string& name) const { return services_.programFolder + name; }
+  std::string inFolder(const std::string& folder, const std::string& name) const;
+  std::string defaultProject() const { return beside("Default.qvf"); }
 
   DesignerServices services_;
   DesignerView& view_;
