@@ -13,7 +13,8 @@ namespace plinth {
 // 178 -> 1256, 186 -> 1257, 163 -> 1258, 222 -> 874, 128 -> 932, 134 -> 936, 129 -> 949, 136 -> 950; others 1252).
 int codePageOfCharSet(int charSet);
 
-// Converts text to UTF-16. Bytes without a meaning in the page become U+FFFD.
+// Converts text to UTF-16. A byte without a meaning in its page has the character that Windows gives it, so that it
+// survives the way there and back.
 std::u16string toUtf16(std::string_view text, int codePage);
 // Converts UTF-16 to text. Characters the page cannot say become '?'.
 std::string fromUtf16(std::u16string_view text, int codePage);
@@ -27,9 +28,9 @@ std::string utf16ToUtf8(std::u16string_view text);
 std::string upperCase(std::string_view text, int codePage);
 std::string lowerCase(std::string_view text, int codePage);
 // First letter of each word in upper case, all others in lower case; a word begins after a blank, a tab, a line
-// end or NUL.
+// end, a form feed or NUL.
 std::string properCase(std::string_view text, int codePage);
-// Three-way comparison without regard to case: <0, 0, >0.
+// Three-way comparison of bytes without regard to case: <0, 0, >0.
 int compareFolded(std::string_view a, std::string_view b, int codePage);
 // 0-based position of the first occurrence without regard to case, std::string_view::npos for none.
 std::size_t findFolded(std::string_view text, std::string_view what, std::size_t from, int codePage);
