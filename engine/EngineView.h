@@ -37,6 +37,8 @@ class EngineView {
   virtual void buttonEnabled(int, bool) {}
   // A data picture shows another image.
   virtual void pictureChanged(int) {}
+  // A button's link asks for the clipboard's record text to be brought into the page.
+  virtual void pasteRequested() {}
   // Let waiting events run.
   virtual void yieldEvents() {}
 };

@@ -45,7 +45,7 @@ class FlatRecordStore : public RecordStore {
 
  private:
   FlatRecordStore(SharedFiles& sharedFiles, Files& files, RecordCodec codec, const StoreRequest& request,
-                  std::int64_t segmentBytes, bool scrambled);
+                  std::int64_t segmentBytes);
   struct Slot {
     int segment;
     std::int64_t offset;  // 0-based in the segment file
@@ -54,15 +54,17 @@ class FlatRecordStore : public RecordStore {
   std::string segmentPath(int segment) const;
   Result<void> openSegment(int segment);
   Result<void> writeHeader(const StoreRequest& request);
-  Result<void> readHeader();
+  Result<void> readHeader(const StoreRequest& request);
   void findSegments();
+  // Whether the header in front of record 1 has room for PicCounter.
+  bool keepsCounter() const { return recLen() > 13; }
 
   SharedFiles& sharedFiles_;
   Files& files_;
   RecordCodec codec_;
   std::string path_, base_;  // base_: path without "." and extension
   bool readOnly_ = false;
-  std::int64_t segRecs_ = 1;
+  std::int64_t segRecs_ = 1, maxRecords_ = 1;
   int lastSeg_ = 0, openSeg_ = -1;
   std::unique_ptr<SharedFile> file_;
   std::int32_t count_ = 0, pictureCounter_ = 0, locked_ = 0;

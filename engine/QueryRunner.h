@@ -2,21 +2,19 @@
 // queries leave come back to the lines after it.
 #pragma once
 
-#include <string>
 #include <string_view>
 
-namespace plinth {
+#include "formula/SymbolicWords.h"
 
-struct QueryTotals {
-  std::string sum = "0", average = "0", count = "0";  // SumTotal$, SumAdv$, CountTotal$
-};
+namespace plinth {
 
 class QueryRunner {
  public:
   virtual ~QueryRunner() = default;
   // Runs one query line, already substituted.
   virtual void run(std::string_view line) = 0;
-  virtual QueryTotals totals() const = 0;
+  // What the last sum or count left (SumTotal$, SumAdv$, CountTotal$).
+  virtual SearchTotals totals() const = 0;
 };
 
 // Whether a script line is a query: begins with "replace " or "select " and holds " where ", or begins with "sum " or

@@ -10,10 +10,12 @@
 #include <vector>
 
 #include "engine/CfgFile.h"
+#include "engine/FormHost.h"
 #include "engine/EngineView.h"
 #include "engine/QueryRunner.h"
 #include "engine/RecordStore.h"
 #include "engine/StartUp.h"
+#include "formula/Execute.h"
 #include "platform/Clock.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
@@ -21,8 +23,6 @@
 #include "platform/Shell.h"
 
 namespace plinth {
-
-class FormHost;
 
 // The outside of a session; everything must outlive it.
 struct SessionServices {
@@ -41,6 +41,7 @@ struct KeyResult {
   bool swallow = false;    // the key does nothing more
   std::string insert;      // text to put in place of the selection, as if typed
   int scroll = 0;          // lines to scroll the page: -1 up, 1 down
+  static KeyResult swallowed() { return {true, {}, 0}; }
 };
 
 class RecordSession {
@@ -54,6 +55,8 @@ class RecordSession {
   const Application& application() const { return start_.application; }
   const StartUp& start() const { return start_; }
   const RecordForm& form() const { return form_; }
+  const Locale& locale() const { return services_.locale; }
+  double now() const { return services_.clock.now(); }
   bool isOpen() const { return store_ != nullptr; }
   RecordStore* store() { return store_.get(); }
   bool readOnly() const { return readOnly_; }
@@ -100,7 +103,11 @@ class RecordSession {
   void newbutClick();                        // saves a changed record, then a new one
   void text1Enter(std::string_view text);    // record box: goes to the record typed
   std::string text1() const;                 // what the record box shows
-  void formActivate(std::string_view text1);  // the window came to the front: takes the record box's number
+  // The window came to the front: the view goes on from the record on screen. A number typed into the record box counts
+  // only after Enter, since the boxes still show another record.
+  void formActivate();
+  // Shows one record (1 upward), saving a dirty one first; false when another one or none is on screen afterwards.
+  bool goToRecord(std::int32_t record);
   // Keys that the window sees before its boxes: Ctrl+1 to Ctrl+6 and Insert with Ctrl. True when it was one of them.
   bool formKeyDown(const KeyEvent& key);
   int viewMode() const { return viewMode_; }
@@ -148,37 +155,51 @@ class RecordSession {
   void commandClick(int button);             // Command1_Click
   void titleClick(int title);
   const FocusTools& tools() const { return tools_; }
-  int focusKind() const { return focusKind_; }   // 1 field, 2 combo, 3 check box, 4 memo; 0 none
+  // 1 field, 2 combo, 3 check box, 4 memo; 0 none.
+  int focusKind() const { return focusKind_; }
   int focusIndex() const { return focusIndex_; }
   void timer2Tick();                         // each second: Title(2) and Title(3)
   // Calculated fields of the form as it stands.
   void runFormulas();
 
  private:
-  friend class FormHost;
-  void showRecord();
+  class Busy;
+  bool openStore(bool create);
+  void closeStore();
+  void preparePictureFolder();
+  void startOnRecord(bool isNew);
+  void writeSettings();
+  void report(const Error& error);
+
+  void showLoaded();
+  void checkPictures();
+  bool stepAfter(const Error& error, std::int32_t& tries);
   void showSystemTitles();
   void applyLocks();
-  void emptyStoredObjects(bool checkDefaults);
-  void blankPictures();
-  bool readStep(const Error& error, int& tries);
+  void clearRecord();
+  void emptyRecord(bool checkDefaults);
+  void rememberFocused();
   bool saveIfDirty();
-  bool moveTo(std::int32_t record);
   void releaseLock();
-  void closeStore();
-  void makePictureFolder(bool resetCounter);
-  std::int32_t recordOfView(std::int32_t position) const;
-  bool mayEdit(bool locked) const { return isOpen() && !readOnly_ && !locked; }
-  bool editingKey(const KeyEvent& key) const;
-  std::string functionKeyText(int key) const;
-  void setFieldText(int n, std::string text, double date);
-  void runScript(const std::string& script);
-  std::string substituted(std::string_view line) const;
+  void commitFocus();
+
+  void move(int index);
+  std::int32_t positions() const;
+  std::int32_t recordAt(std::int32_t position) const;
+  void newAfterSave();
   void followLink(const std::string& link, bool button);
-  void setTools(FocusTools tools, int kind, int index);
-  bool usersFromDisk(UserTable& users) const;
-  void writeSettings();
+  void runScript(const std::string& script);
+  void runScriptLine(const std::string& line);
+
+  bool mayEdit(bool locked) const { return isOpen() && !readOnly_ && !locked && !busy_ && curRec_ > 0; }
+  KeyResult editKey(const KeyEvent& key, bool locked);
+  KeyResult toggleStopWatch(int n);
+  std::string functionKeyText(int number) const;
+  void setField(int n, std::string text, double date);
+  void setFocus(int kind, int index, FocusTools tools, const std::string& helpText);
   EngineView& view() const { return *view_; }
+  FormField& field(int n) { return form_.fields[static_cast<std::size_t>(n)]; }
+  bool liveField(int n) const;
 
   StartUp start_;
   SessionServices services_;
@@ -186,13 +207,14 @@ class RecordSession {
   EngineView* view_;
   RecordForm form_;
   std::unique_ptr<RecordStore> store_;
-  std::unique_ptr<FormHost> host_;
-  std::array<std::string, 100> variables_;
+  FormHost host_;
+  FormulaVariables variables_;
   std::optional<Login> login_;
   bool usersEdited_ = false;
-  bool readOnly_ = false, dirty_ = false, recLocked_ = false, newEntry_ = false, busy_ = false, closed_ = false;
+  bool readOnly_ = false, dirty_ = false, recLocked_ = false, newEntry_ = false, closed_ = false;
+  bool busy_ = false, running_ = false;  // an event, a run of formulas is under way: neither is entered again
   bool movedBack_ = false, pictureMessageShown_ = false;
-  std::int32_t curRec_ = 0, viewPos_ = 0;
+  std::int32_t curRec_ = 0, viewPos_ = 0, lockedRec_ = 0;
   int viewMode_ = 0, currentPage_ = 0;
   std::vector<std::int32_t> viewOrder_;
   std::string picDir_;
