@@ -1,5 +1,5 @@
-// Each single-byte page becomes 256-entry tables at its first use, so that case and search cost one look-up a byte.
-// In double-byte pages only ASCII characters have case, and a trail byte is never looked at by itself.
+// Each single-byte page becomes 256-entry tables at its first use, so that case and search cost one look-up a
+// byte. In double-byte pages only ASCII characters have case, and a trail byte is never looked at by itself.
 #include "basic/CodePage.h"
 
 #include <algorithm>
@@ -84,7 +84,8 @@ std::string changed(std::string_view text, int codePage, Change change) {
   return out;
 }
 
-std::string mapped(std::string_view text, int codePage, ByteTable Page::*table, unsigned char (*ascii)(unsigned char)) {
+std::string mapped(std::string_view text, int codePage, ByteTable Page::*table,
+                   unsigned char (*ascii)(unsigned char)) {
   if (isDoubleByte(codePage)) return changed(text, codePage, ascii);
   const ByteTable& map = pageOf(codePage).*table;
   std::string out(text);
@@ -94,7 +95,8 @@ std::string mapped(std::string_view text, int codePage, ByteTable Page::*table, 
 
 bool isWordGap(unsigned char c) { return c == ' ' || c == '\0' || (c >= '\t' && c <= '\r'); }
 
-std::size_t findSingleByte(std::string_view text, std::string_view what, std::size_t from, const ByteTable& fold) {
+std::size_t findSingleByte(std::string_view text, std::string_view what, std::size_t from,
+                           const ByteTable& fold) {
   const auto at = [&](std::string_view s, std::size_t i) { return fold[static_cast<unsigned char>(s[i])]; };
   const unsigned char first = at(what, 0);
   for (std::size_t i = from; i + what.size() <= text.size(); ++i) {
@@ -156,7 +158,8 @@ std::string fromUtf16(std::u16string_view text, int codePage) {
       out += static_cast<char>(c);
       continue;
     }
-    const auto found = std::lower_bound(page.bytes.begin(), page.bytes.end(), std::pair(c, static_cast<unsigned char>(0)));
+    const auto found =
+        std::lower_bound(page.bytes.begin(), page.bytes.end(), std::pair(c, static_cast<unsigned char>(0)));
     const bool known = !doubleByte && found != page.bytes.end() && found->first == c;
     out += known ? static_cast<char>(found->second) : '?';
   }

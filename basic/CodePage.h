@@ -1,6 +1,6 @@
 // 8-bit text of the project's code page, and its way to UTF-8 and UTF-16 at the edges of the program.
-// Single-byte pages are tables of ours; double-byte pages (Japanese, Chinese, Korean) go to a converter of the
-// system that a program installs at start.
+// Single-byte pages are tables of ours; double-byte pages (Japanese, Chinese, Korean) go to a converter of
+// the system that a program installs at start.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,13 @@
 
 namespace plinth {
 
-// The code page of a character set number (0 -> 1252, 238 -> 1250, 204 -> 1251, 161 -> 1253, 162 -> 1254, 177 -> 1255,
-// 178 -> 1256, 186 -> 1257, 163 -> 1258, 222 -> 874, 128 -> 932, 134 -> 936, 129 -> 949, 136 -> 950; others 1252).
+// The code page of a character set number (0 -> 1252, 238 -> 1250, 204 -> 1251, 161 -> 1253, 162 -> 1254, 177
+// -> 1255, 178 -> 1256, 186 -> 1257, 163 -> 1258, 222 -> 874, 128 -> 932, 134 -> 936, 129 -> 949, 136 -> 950;
+// others 1252).
 int codePageOfCharSet(int charSet);
 
-// Converts text to UTF-16. A byte without a meaning in its page has the character that Windows gives it, so that it
-// survives the way there and back.
+// Converts text to UTF-16. A byte without a meaning in its page has the character that Windows gives it, so
+// that it survives the way there and back.
 std::u16string toUtf16(std::string_view text, int codePage);
 // Converts UTF-16 to text. Characters the page cannot say become '?'.
 std::string fromUtf16(std::u16string_view text, int codePage);
@@ -27,8 +28,8 @@ std::string utf16ToUtf8(std::u16string_view text);
 // Case by the code page's letters, byte for byte (same length).
 std::string upperCase(std::string_view text, int codePage);
 std::string lowerCase(std::string_view text, int codePage);
-// First letter of each word in upper case, all others in lower case; a word begins after a blank, a tab, a line
-// end, a form feed or NUL.
+// First letter of each word in upper case, all others in lower case; a word begins after a blank, a tab, a
+// line end, a form feed or NUL.
 std::string properCase(std::string_view text, int codePage);
 // Three-way comparison of bytes without regard to case: <0, 0, >0.
 int compareFolded(std::string_view a, std::string_view b, int codePage);

@@ -1,7 +1,8 @@
-// The upper halves of the single-byte code pages: characters, and the bytes of their upper and lower case letters.
-// Made by a script from the "cp..." codecs of Python and its str.upper() and str.lower(), a case partner only where
-// it is one character of the same page; U+00B5 and U+0131 have none, as in Windows. Bytes that a page leaves empty have
-// the character that Windows gives them: the control character of the same number, above 0x9F one for private use.
+// The upper halves of the single-byte code pages: characters, and the bytes of their upper and lower case
+// letters. Made by a script from the "cp..." codecs of Python and its str.upper() and str.lower(), a case
+// partner only where it is one character of the same page; U+00B5 and U+0131 have none, as in Windows. Bytes
+// that a page leaves empty have the character that Windows gives them: the control character of the same
+// number, above 0x9F one for private use.
 #include "basic/CodePageTables.h"
 
 namespace plinth {

@@ -1,5 +1,6 @@
-// Every operation makes an exact result in a whole number of up to 224 bits with a scale, and DecimalWork::fit then
-// rounds once to what 96 bits and 28 decimals hold: there is one place of rounding and one of overflow.
+// Every operation makes an exact result in a whole number of up to 224 bits with a scale, and
+// DecimalWork::fit then rounds once to what 96 bits and 28 decimals hold: there is one place of rounding and
+// one of overflow.
 #include "basic/Decimal28.h"
 
 #include <algorithm>
@@ -16,8 +17,8 @@ constexpr U128 kMaxMagnitude = (U128{1} << 96) - 1;
 
 enum class Rounding { halfEven, halfAway, down };
 
-// Whole number of 224 bits, little-endian 32-bit words: holds a product of two 96-bit numbers, and a 128-bit number
-// times 10^28.
+// Whole number of 224 bits, little-endian 32-bit words: holds a product of two 96-bit numbers, and a 128-bit
+// number times 10^28.
 struct Wide {
   std::array<std::uint32_t, 7> words{};
 
@@ -124,7 +125,8 @@ class DecimalWork {
       value.multiply(10);
     }
     while (scale > kMaxScale) {
-      if (value.fits() && value.low() == 0 && digit == 0) scale = kMaxScale + 1;  // a zero however far behind the point
+      if (value.fits() && value.low() == 0 && digit == 0)
+        scale = kMaxScale + 1;  // a zero however far behind the point
       drop();
     }
     for (;;) {
@@ -217,7 +219,8 @@ std::optional<Decimal28> Decimal28::fromText(std::string_view text) {
     if (down || (at < text.size() && text[at] == '+')) ++at;
     if (!isDigit(at)) return std::nullopt;
     std::int64_t exponent = 0;
-    for (; isDigit(at); ++at) exponent = std::min<std::int64_t>(exponent * 10 + (text[at] - '0'), 1'000'000'000);
+    for (; isDigit(at); ++at)
+      exponent = std::min<std::int64_t>(exponent * 10 + (text[at] - '0'), 1'000'000'000);
     scale += down ? exponent : -exponent;
   }
   if (at != text.size()) return std::nullopt;

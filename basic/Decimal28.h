@@ -1,5 +1,6 @@
-// A decimal number of up to 28 significant digits (96-bit whole number and a scale of 0 to 28): the register of the
-// expression language, where 0.1 + 0.2 must be 0.3. Every operation reports overflow instead of wrapping.
+// A decimal number of up to 28 significant digits (96-bit whole number and a scale of 0 to 28): the register
+// of the expression language, where 0.1 + 0.2 must be 0.3. Every operation reports overflow instead of
+// wrapping.
 #pragma once
 
 #include <array>
@@ -14,15 +15,16 @@ class Decimal28 {
  public:
   Decimal28() = default;
   Decimal28(std::int64_t whole);
-  // From a double, rounded to 15 significant digits; nullopt when outside +-79228162514264337593543950335 or not finite.
+  // From a double, rounded to 15 significant digits; nullopt when outside +-79228162514264337593543950335 or
+  // not finite.
   static std::optional<Decimal28> fromDouble(double value);
-  // From text: optional sign, digits, optional "." and digits, optional exponent. More digits than fit are rounded half
-  // to even. nullopt when malformed or too large.
+  // From text: optional sign, digits, optional "." and digits, optional exponent. More digits than fit are
+  // rounded half to even. nullopt when malformed or too large.
   static std::optional<Decimal28> fromText(std::string_view text);
 
   double toDouble() const;
-  // Shortest text: no trailing zeros behind the point, "." as the point, "0" for zero, a leading "-" when negative;
-  // always a digit before the point.
+  // Shortest text: no trailing zeros behind the point, "." as the point, "0" for zero, a leading "-" when
+  // negative; always a digit before the point.
   std::string toText() const;
 
   bool isZero() const;

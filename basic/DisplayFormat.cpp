@@ -1,5 +1,5 @@
-// All forms are laid out from decimal digits and the place of the point, so that a double and a decimal number of equal
-// digits always look the same.
+// All forms are laid out from decimal digits and the place of the point, so that a double and a decimal
+// number of equal digits always look the same.
 #include "basic/DisplayFormat.h"
 
 #include <algorithm>
@@ -34,8 +34,8 @@ Digits digitsOf(const Decimal28& value) {
   return out;
 }
 
-// Brings the digits to exactly `decimals` behind the point and at least one place before it, half away from zero. The
-// sign of what becomes zero is dropped.
+// Brings the digits to exactly `decimals` behind the point and at least one place before it, half away from
+// zero. The sign of what becomes zero is dropped.
 void roundAway(Digits& number, int decimals) {
   if (number.point < 0) {
     number.text.insert(0, static_cast<std::size_t>(-number.point), '0');
@@ -82,8 +82,9 @@ std::string formatDigits(Digits number, NumberForm form, const Locale& locale) {
 
 // By the system's numbers of the forms; "1" is the place of the number.
 constexpr std::string_view kPositiveForms[] = {"$1", "1$", "$ 1", "1 $"};
-constexpr std::string_view kNegativeForms[] = {"($1)", "-$1", "$-1", "$1-", "(1$)", "-1$", "1-$", "1$-",
-                                               "-1 $", "-$ 1", "1 $-", "$ 1-", "$ -1", "1- $", "($ 1)", "(1 $)"};
+constexpr std::string_view kNegativeForms[] = {"($1)", "-$1",  "$-1",   "$1-",  "(1$)", "-1$",
+                                               "1-$",  "1$-",  "-1 $",  "-$ 1", "1 $-", "$ 1-",
+                                               "$ -1", "1- $", "($ 1)", "(1 $)"};
 
 template <std::size_t N>
 std::string_view formAt(const std::string_view (&forms)[N], int index) {
@@ -145,7 +146,9 @@ std::string general(double value, char point) {
 
 }  // namespace
 
-std::string formatGeneral(double value, const Locale& locale) { return general(value, locale.decimalSeparator); }
+std::string formatGeneral(double value, const Locale& locale) {
+  return general(value, locale.decimalSeparator);
+}
 
 std::string plainNumber(double value) { return general(value, '.'); }
 

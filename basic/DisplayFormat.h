@@ -9,8 +9,9 @@
 
 namespace plinth {
 
-// A number as plain text with the locale's decimal separator, up to 15 significant digits, no grouping, exponent
-// form from 1E15 up ("1.5E+20") and below 1E-4 ("1E-05"); "0" for zero and for what is not a finite number.
+// A number as plain text with the locale's decimal separator, up to 15 significant digits, no grouping,
+// exponent form from 1E15 up ("1.5E+20") and below 1E-4 ("1E-05"); "0" for zero and for what is not a finite
+// number.
 std::string formatGeneral(double value, const Locale& locale);
 // The same with "." as the point: machine-readable.
 std::string plainNumber(double value);

@@ -1,5 +1,5 @@
-// Names from untrusted files are cut to what Windows takes as a plain file; the same rules hold elsewhere, so that a
-// project gives equal files on every system.
+// Names from untrusted files are cut to what Windows takes as a plain file; the same rules hold elsewhere, so
+// that a project gives equal files on every system.
 #include "basic/FileName.h"
 
 #include <algorithm>
@@ -37,7 +37,8 @@ bool isDevice(std::string_view name) {
 std::string safeFileName(std::string_view name) {
   std::string out(name.substr(name.find_last_of("\\/:") + 1));
   const auto isForbidden = [](char c) {
-    return static_cast<unsigned char>(c) < ' ' || std::string_view("<>\"|?*").find(c) != std::string_view::npos;
+    return static_cast<unsigned char>(c) < ' ' ||
+           std::string_view("<>\"|?*").find(c) != std::string_view::npos;
   };
   out.erase(std::remove_if(out.begin(), out.end(), isForbidden), out.end());
   out.erase(out.find_last_not_of(". ") + 1);
@@ -54,6 +55,8 @@ std::string extensionOf(std::string_view path) {
   return dot == std::string_view::npos ? std::string() : std::string(path.substr(dot + 1));
 }
 
-std::string withoutExtension(std::string_view path) { return std::string(path.substr(0, extensionDot(path))); }
+std::string withoutExtension(std::string_view path) {
+  return std::string(path.substr(0, extensionDot(path)));
+}
 
 }  // namespace plinth

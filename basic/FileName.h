@@ -1,4 +1,5 @@
-// File names that come from inside a file never leave the folder they belong in, and path pieces without a system call.
+// File names that come from inside a file never leave the folder they belong in, and path pieces without a
+// system call.
 #pragma once
 
 #include <string>
@@ -6,9 +7,9 @@
 
 namespace plinth {
 
-// Reduces an embedded name to a plain file name: what stands behind the last "\", "/" or ":"; control characters and
-// <>:"|?* dropped; trailing dots and blanks dropped; a device name (CON, PRN, AUX, NUL, COM1-9, LPT1-9, with or
-// without extension, CONIN$, CONOUT$) gets "_" in front. "" when nothing is left.
+// Reduces an embedded name to a plain file name: what stands behind the last "\", "/" or ":"; control
+// characters and <>:"|?* dropped; trailing dots and blanks dropped; a device name (CON, PRN, AUX, NUL,
+// COM1-9, LPT1-9, with or without extension, CONIN$, CONOUT$) gets "_" in front. "" when nothing is left.
 std::string safeFileName(std::string_view name);
 // What stands behind the last "\" or "/" (the whole text when there is none).
 std::string fileNameOf(std::string_view path);

@@ -38,7 +38,8 @@ FloatDigits fifteenDigits(double value) {
   if (out.count <= kExactDigits) return out;
   char text[32];
   return takeApart(
-      text, std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, kExactDigits - 1).ptr);
+      text,
+      std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, kExactDigits - 1).ptr);
 }
 
 }  // namespace plinth

@@ -1,5 +1,5 @@
-// Positions and sizes with their unit in the name: twips in files and output (1440 an inch, 15 a pixel), whole pixels
-// on the surface, points for fonts (20 twips).
+// Positions and sizes with their unit in the name: twips in files and output (1440 an inch, 15 a pixel),
+// whole pixels on the surface, points for fonts (20 twips).
 #pragma once
 
 namespace plinth {

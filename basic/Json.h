@@ -1,4 +1,5 @@
-// Writing JSON for machines that read our tools: objects, arrays and values in the order they are named. UTF-8 out.
+// Writing JSON for machines that read our tools: objects, arrays and values in the order they are named.
+// UTF-8 out.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +9,9 @@
 
 namespace plinth {
 
-// Builds one JSON text. Keys stand in the order of the calls. Numbers: whole ones without a point, floats in their
-// shortest exact form with a point ("240.0"), null when not finite. One line: ", " and ": " stand between items.
-// REQUIRES each begin to be ended, and a key before each value of an object.
+// Builds one JSON text. Keys stand in the order of the calls. Numbers: whole ones without a point, floats in
+// their shortest exact form with a point ("240.0"), null when not finite. One line: ", " and ": " stand
+// between items. REQUIRES each begin to be ended, and a key before each value of an object.
 class JsonWriter {
  public:
   // indent: blanks a level, 0 for one line.

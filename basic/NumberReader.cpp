@@ -1,5 +1,5 @@
-// Both readers reduce the text to the plain form that from_chars takes. The common case, a clean number at the start of
-// the text, goes to from_chars without a copy.
+// Both readers reduce the text to the plain form that from_chars takes. The common case, a clean number at
+// the start of the text, goes to from_chars without a copy.
 #include "basic/NumberReader.h"
 
 #include <charconv>
@@ -27,8 +27,8 @@ int digitOf(char c) {
   return 99;
 }
 
-// The number after "&H" or "&O" (at `at`; moved behind it). What fits 16 bits is signed 16-bit unless an "&" closes
-// it, the rest signed 32-bit.
+// The number after "&H" or "&O" (at `at`; moved behind it). What fits 16 bits is signed 16-bit unless an "&"
+// closes it, the rest signed 32-bit.
 double radixNumber(std::string_view text, std::size_t& at) {
   const auto next = [&] {
     while (at < text.size() && isPassedOver(text[at])) ++at;
@@ -106,9 +106,11 @@ class LocaleNumber {
   LocaleNumber(std::string_view text, const Locale& locale) : text_(text), locale_(locale) {}
 
   std::optional<double> read() {
-    while (leadingMark()) {}
+    while (leadingMark()) {
+    }
     if (!digits() || !exponent()) return std::nullopt;
-    while (trailingMark()) {}
+    while (trailingMark()) {
+    }
     if (at_ != text_.size() || open_ != closed_) return std::nullopt;
     double value = 0;
     const auto [end, error] = std::from_chars(plain_.data(), plain_.data() + plain_.size(), value);
@@ -143,11 +145,13 @@ class LocaleNumber {
     return signed_ = negative_ = true;
   }
   bool trailingMark() {
-    return takeBlank() || takeOnce(locale_.currencySymbol, currency_) || takeSign() || (open_ && takeOnce(")", closed_));
+    return takeBlank() || takeOnce(locale_.currencySymbol, currency_) || takeSign() ||
+           (open_ && takeOnce(")", closed_));
   }
   bool takeGroup() {
     // Where groups are parted by the fixed blank, people type the plain one.
-    if (locale_.groupSeparator == "\xA0" && peek() == ' ' && isDigit(at_ + 1 < text_.size() ? text_[at_ + 1] : '\0')) {
+    if (locale_.groupSeparator == "\xA0" && peek() == ' ' &&
+        isDigit(at_ + 1 < text_.size() ? text_[at_ + 1] : '\0')) {
       ++at_;
       return true;
     }
@@ -173,7 +177,8 @@ class LocaleNumber {
     return any;
   }
   bool exponent() {
-    const bool isCurrency = !locale_.currencySymbol.empty() && text_.substr(at_).starts_with(locale_.currencySymbol);
+    const bool isCurrency =
+        !locale_.currencySymbol.empty() && text_.substr(at_).starts_with(locale_.currencySymbol);
     if (!isExponent(peek()) || isCurrency) return true;
     plain_ += 'e';
     ++at_;

@@ -1,5 +1,5 @@
-// Little-endian elements, put together byte by byte so that neither alignment nor the machine's byte order matters.
-// Every length is compared with the bytes left before anything is allocated or read.
+// Little-endian elements, put together byte by byte so that neither alignment nor the machine's byte order
+// matters. Every length is compared with the bytes left before anything is allocated or read.
 #include "basic/Slots.h"
 
 #include <algorithm>
@@ -32,10 +32,13 @@ std::int64_t valueSize(std::uint16_t tag) {
   switch (static_cast<Tag>(tag)) {
     case Tag::i2:
     case Tag::boolean:
-    case Tag::text: return 2;
+    case Tag::text:
+      return 2;
     case Tag::i4:
-    case Tag::r4: return 4;
-    case Tag::ui1: return 1;
+    case Tag::r4:
+      return 4;
+    case Tag::ui1:
+      return 1;
   }
   return 0;
 }
@@ -43,12 +46,18 @@ std::int64_t valueSize(std::uint16_t tag) {
 // REQUIRES a numeric tag and its bytes.
 double numberAt(Tag tag, const std::uint8_t* p) {
   switch (tag) {
-    case Tag::i2: return i16At(p);
-    case Tag::i4: return static_cast<std::int32_t>(u32At(p));
-    case Tag::r4: return std::bit_cast<float>(u32At(p));
-    case Tag::ui1: return p[0];
-    case Tag::boolean: return u16At(p) ? -1 : 0;
-    case Tag::text: break;
+    case Tag::i2:
+      return i16At(p);
+    case Tag::i4:
+      return static_cast<std::int32_t>(u32At(p));
+    case Tag::r4:
+      return std::bit_cast<float>(u32At(p));
+    case Tag::ui1:
+      return p[0];
+    case Tag::boolean:
+      return u16At(p) ? -1 : 0;
+    case Tag::text:
+      break;
   }
   return 0;
 }
@@ -205,12 +214,24 @@ void SlotWriter::slot(Tag tag, double number) {
     putUnsigned(p, static_cast<std::uint16_t>(tag), 2);
     p += kTagSize;
     switch (tag) {
-      case Tag::i2: putUnsigned(p, static_cast<std::uint16_t>(convertTo<std::int16_t>(number)), 2); break;
-      case Tag::i4: putUnsigned(p, static_cast<std::uint32_t>(convertTo<std::int32_t>(number)), 4); break;
-      case Tag::r4: putUnsigned(p, std::bit_cast<std::uint32_t>(convertTo<float>(number)), 4); break;
-      case Tag::ui1: putUnsigned(p, convertTo<std::uint8_t>(number), 1); break;
-      case Tag::boolean: putUnsigned(p, convertTo<bool>(number) ? 0xFFFF : 0, 2); break;
-      case Tag::text: putUnsigned(p, 0, 2); break;
+      case Tag::i2:
+        putUnsigned(p, static_cast<std::uint16_t>(convertTo<std::int16_t>(number)), 2);
+        break;
+      case Tag::i4:
+        putUnsigned(p, static_cast<std::uint32_t>(convertTo<std::int32_t>(number)), 4);
+        break;
+      case Tag::r4:
+        putUnsigned(p, std::bit_cast<std::uint32_t>(convertTo<float>(number)), 4);
+        break;
+      case Tag::ui1:
+        putUnsigned(p, convertTo<std::uint8_t>(number), 1);
+        break;
+      case Tag::boolean:
+        putUnsigned(p, convertTo<bool>(number) ? 0xFFFF : 0, 2);
+        break;
+      case Tag::text:
+        putUnsigned(p, 0, 2);
+        break;
     }
   }
   position_ += kSlotSize;

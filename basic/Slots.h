@@ -1,6 +1,6 @@
-// The binary elements that project file, payload and reports are made of, over a byte image with a 1-based position:
-// 16-byte slots that say their type, strings, raw bytes and embedded files. One order, one place: each format is a
-// walk(archive, rows) template; SlotReader and SlotWriter are what its archives stand on.
+// The binary elements that project file, payload and reports are made of, over a byte image with a 1-based
+// position: 16-byte slots that say their type, strings, raw bytes and embedded files. One order, one place:
+// each format is a walk(archive, rows) template; SlotReader and SlotWriter are what its archives stand on.
 #pragma once
 
 #include <cstdint>
@@ -25,9 +25,9 @@ struct SlotValue {
   std::string text;    // tag 8 only
 };
 
-// Reads elements at a position. Failing reads (bytes missing, unknown tag, negative count) return false, leave the
-// target as it stands and count one failure; the position then moves by the element's fixed part when that is known
-// (slots: 16) and stays otherwise.
+// Reads elements at a position. Failing reads (bytes missing, unknown tag, negative count) return false,
+// leave the target as it stands and count one failure; the position then moves by the element's fixed part
+// when that is known (slots: 16) and stays otherwise.
 class SlotReader {
  public:
   explicit SlotReader(std::span<const std::uint8_t> bytes, std::int64_t position = 1);
@@ -37,10 +37,11 @@ class SlotReader {
   std::int64_t remaining() const;                        // bytes from the position to the end, never negative
   int failures() const { return failures_; }
 
-  // A slot; the tag found decides, not an expected one. The last slot of a file may end right behind its value.
+  // A slot; the tag found decides, not an expected one. The last slot of a file may end right behind its
+  // value.
   bool slot(SlotValue& value);
-  // A numeric slot converted to T: out-of-range numbers are brought to T's nearest value, NaN reads as 0; a boolean
-  // target is true for any number but 0; a text slot counts as its leading number.
+  // A numeric slot converted to T: out-of-range numbers are brought to T's nearest value, NaN reads as 0; a
+  // boolean target is true for any number but 0; a text slot counts as its leading number.
   template <class T> bool number(T& value);
   // Signed 16-bit count and that many bytes (project file, reports). A negative count fails.
   bool text16(std::string& value);
@@ -64,8 +65,8 @@ class SlotReader {
   int failures_ = 0;
 };
 
-// Writes elements into an image that may already hold an older file: bytes that no element writes stay as they were,
-// the image grows with zeros as needed and is never cut.
+// Writes elements into an image that may already hold an older file: bytes that no element writes stay as
+// they were, the image grows with zeros as needed and is never cut.
 class SlotWriter {
  public:
   explicit SlotWriter(Bytes& image, std::int64_t position = 1);
@@ -73,8 +74,9 @@ class SlotWriter {
   std::int64_t position() const { return position_; }   // 1-based
   void seek(std::int64_t position) { position_ = position; }
 
-  // One number in its self-describing form, rounded to even and brought to the tag's nearest value; then the position
-  // moves by 16 (the rest of the slot is left alone, but the image is grown to the slot's end). REQUIRES a numeric tag.
+  // One number in its self-describing form, rounded to even and brought to the tag's nearest value; then the
+  // position moves by 16 (the rest of the slot is left alone, but the image is grown to the slot's end).
+  // REQUIRES a numeric tag.
   void slot(Tag tag, double number);
   // Count and bytes; longer than 32767 is cut to that. Returns the bytes cut off (0 when all went out).
   std::size_t text16(std::string_view text);

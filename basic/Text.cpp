@@ -1,5 +1,5 @@
-// Byte-text helpers without a code page: plain loops over std::string_view, since they run on every line and label
-// of a file.
+// Byte-text helpers without a code page: plain loops over std::string_view, since they run on every line and
+// label of a file.
 #include "basic/Text.h"
 
 #include <algorithm>
@@ -26,7 +26,8 @@ std::vector<std::string> split(std::string_view text, std::string_view separator
   std::vector<std::string> parts;
   std::size_t from = 0;
   if (!separator.empty()) {
-    for (std::size_t at; (at = text.find(separator, from)) != std::string_view::npos; from = at + separator.size()) {
+    for (std::size_t at; (at = text.find(separator, from)) != std::string_view::npos;
+         from = at + separator.size()) {
       parts.emplace_back(text.substr(from, at - from));
     }
   }
@@ -36,7 +37,9 @@ std::vector<std::string> split(std::string_view text, std::string_view separator
 
 std::string trim(std::string_view text) { return trimLeft(trimRight(text)); }
 
-std::string trimRight(std::string_view text) { return std::string(text.substr(0, text.find_last_not_of(' ') + 1)); }
+std::string trimRight(std::string_view text) {
+  return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
+}
 
 std::string trimLeft(std::string_view text) {
   return std::string(text.substr(std::min(text.find_first_not_of(' '), text.size())));
@@ -59,6 +62,8 @@ bool equalAsciiNoCase(std::string_view a, std::string_view b) {
                     [](char x, char y) { return lowerByte(x) == lowerByte(y); });
 }
 
-bool contains(std::string_view text, std::string_view what) { return text.find(what) != std::string_view::npos; }
+bool contains(std::string_view text, std::string_view what) {
+  return text.find(what) != std::string_view::npos;
+}
 
 }  // namespace plinth

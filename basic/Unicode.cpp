@@ -10,15 +10,18 @@ constexpr char32_t kReplacement = 0xFFFD;
 char32_t nextCharacter(std::string_view utf8, std::size_t& at) {
   const auto lead = static_cast<unsigned char>(utf8[at++]);
   if (lead < 0x80) return lead;
-  const int length = lead >= 0xC2 && lead <= 0xDF ? 2 : lead >= 0xE0 && lead <= 0xEF ? 3 : lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+  const int length = lead >= 0xC2 && lead <= 0xDF   ? 2
+                     : lead >= 0xE0 && lead <= 0xEF ? 3
+                     : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                    : 0;
   if (length == 0) return kReplacement;
   char32_t value = lead & (0x7F >> length);
   for (int i = 1; i < length; ++i) {
     const auto next = at < utf8.size() ? static_cast<unsigned char>(utf8[at]) : 0;
     if ((next & 0xC0) != 0x80) return kReplacement;
     // Overlong forms, surrogates and what lies beyond Unicode show in the second byte.
-    if (i == 1 && ((lead == 0xE0 && next < 0xA0) || (lead == 0xED && next > 0x9F) || (lead == 0xF0 && next < 0x90) ||
-                   (lead == 0xF4 && next > 0x8F))) {
+    if (i == 1 && ((lead == 0xE0 && next < 0xA0) || (lead == 0xED && next > 0x9F) ||
+                   (lead == 0xF0 && next < 0x90) || (lead == 0xF4 && next > 0x8F))) {
       return kReplacement;
     }
     value = value << 6 | (next & 0x3F);

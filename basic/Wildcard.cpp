@@ -1,5 +1,5 @@
-// One pass with a single point of return: after a mismatch only the latest "*" can take one more character, since all
-// before it is settled. This bounds the work by text x pattern.
+// One pass with a single point of return: after a mismatch only the latest "*" can take one more character,
+// since all before it is settled. This bounds the work by text x pattern.
 #include "basic/Wildcard.h"
 
 namespace plinth {
@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-// Whether `c` is in a list such as "a-z_" (what stands between the brackets). `valid` turns false for a range that
-// falls.
+// Whether `c` is in a list such as "a-z_" (what stands between the brackets). `valid` turns false for a range
+// that falls.
 bool isListed(std::string_view list, unsigned char c, bool& valid) {
   bool found = false;
   for (std::size_t i = 0; i < list.size(); ++i) {
