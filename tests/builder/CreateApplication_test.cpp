@@ -21,6 +21,12 @@ class LockedFiles : public MemoryFiles {
   std::string locked;
 };
 
+CreateRequest named(const std::string& name) {
+  CreateRequest request;
+  request.name = name;
+  return request;
+}
+
 class CreateApplication : public testing::Test {
  protected:
   CreateApplication() {
@@ -67,7 +73,7 @@ TEST_F(CreateApplication, WritesAnExecutableInAFolderOfItsName) {
     files.disk->files.clear();
     files.disk->folders.clear();
     messages.shown.clear();
-    const CreateResult result = run({.name = one.typed});
+    const CreateResult result = run(named(one.typed));
     EXPECT_EQ(result.status, one.status) << one.typed;
     EXPECT_EQ(result.appName, one.appName) << one.typed;
     EXPECT_EQ(messages.shown.size(), one.status == CreateStatus::badName ? 1u : 0u) << one.typed;
@@ -85,11 +91,11 @@ TEST_F(CreateApplication, RefusesRecordsOfLessThanThirtyCharacters) {
   document.fields[1].fieldLength = 28;
   document.checks.resize(1);
   document.checks[0].page = 0;
-  EXPECT_EQ(run({.name = "small"}).status, CreateStatus::tooSmall);
+  EXPECT_EQ(run(named("small")).status, CreateStatus::tooSmall);
   EXPECT_EQ(messages.texts(), (std::vector<std::string>{"label 398"}));
   EXPECT_TRUE(files.disk->files.empty());
   document.checks.push_back(document.checks[0]);
-  EXPECT_TRUE(run({.name = "small"}).ok());
+  EXPECT_TRUE(run(named("small")).ok());
 }
 
 TEST_F(CreateApplication, EmptiesAnEarlierBuildButKeepsWhatItsUserMade) {
@@ -98,7 +104,7 @@ TEST_F(CreateApplication, EmptiesAnEarlierBuildButKeepsWhatItsUserMade) {
     files.put(std::string("/out/app/") + name, name);
   }
   files.put("/out/outside.txt", "x");
-  ASSERT_TRUE(run({.name = "app"}).ok());
+  ASSERT_TRUE(run(named("app")).ok());
   EXPECT_EQ(files.list("/out/app"), (std::vector<std::string>{"APP0001", "app.cfg", "app.dbd", "app.exe", "second.DBD",
                                                              "second0012"}));
   EXPECT_TRUE(files.exists("/out/app/Pics/a.jpg"));
@@ -108,10 +114,10 @@ TEST_F(CreateApplication, EmptiesAnEarlierBuildButKeepsWhatItsUserMade) {
 
 TEST_F(CreateApplication, AsksBeforeItEmptiesAFolderThatNoBuildMade) {
   files.put("/out/app/letter.doc", "x");
-  EXPECT_EQ(run({.name = "app"}).status, CreateStatus::refused);
+  EXPECT_EQ(run(named("app")).status, CreateStatus::refused);
   EXPECT_EQ(files.list("/out/app"), (std::vector<std::string>{"letter.doc"}));
   messages.answers = {true};
-  EXPECT_TRUE(run({.name = "app"}).ok());
+  EXPECT_TRUE(run(named("app")).ok());
   EXPECT_EQ(files.list("/out/app"), (std::vector<std::string>{"app.exe"}));
 }
 
@@ -119,7 +125,7 @@ TEST_F(CreateApplication, LeavesARunningBuildWhole) {
   files.put("/out/app/a.txt", "x");
   files.put("/out/app/app.exe", "old");
   files.locked = "/out/app/app.exe";
-  EXPECT_EQ(run({.name = "app"}).status, CreateStatus::inUse);
+  EXPECT_EQ(run(named("app")).status, CreateStatus::inUse);
   EXPECT_EQ(messages.texts(), (std::vector<std::string>{"Close previous running Application"}));
   EXPECT_EQ(files.list("/out/app").size(), 2u);
   EXPECT_EQ(files.textOf("/out/app/app.exe"), "old");
@@ -128,10 +134,10 @@ TEST_F(CreateApplication, LeavesARunningBuildWhole) {
 TEST_F(CreateApplication, LeavesTheEarlierBuildWhenCancelledOrImpossible) {
   files.put("/out/app/app.exe", "old");
   progress.cancelAtStep = 4;
-  EXPECT_EQ(run({.name = "app"}).status, CreateStatus::cancelled);
+  EXPECT_EQ(run(named("app")).status, CreateStatus::cancelled);
   progress.cancelAtStep = 0;
   stub.clear();
-  EXPECT_EQ(run({.name = "app"}).status, CreateStatus::failed);
+  EXPECT_EQ(run(named("app")).status, CreateStatus::failed);
   EXPECT_EQ(messages.shown.size(), 1u);
   EXPECT_EQ(files.textOf("/out/app/app.exe"), "old");
 }
@@ -145,7 +151,7 @@ TEST_F(CreateApplication, BringsHelpToolImagesAndDefaultImageAlong) {
   document.pictures.resize(1);
   document.pictures[0].page = 1;
   document.pictures[0].picFlag = true;
-  CreateResult result = run({.name = "app"});
+  CreateResult result = run(named("app"));
   ASSERT_TRUE(result.ok());
   EXPECT_EQ(files.textOf("/out/app/app.chm"), "help");
   EXPECT_EQ(files.textOf("/out/app/Images/100064.GIF"), "gif");
@@ -153,7 +159,7 @@ TEST_F(CreateApplication, BringsHelpToolImagesAndDefaultImageAlong) {
   EXPECT_EQ(result.notes.size(), 1u);  // 64 images are missing
   files.put("/plinth/Languages/Dutchb.chm", "hulp");
   document.defaultImagePath = *pictures.put("mine.jpg", Bytes{'m'});
-  ASSERT_TRUE(run({.name = "app"}).ok());
+  ASSERT_TRUE(run(named("app")).ok());
   EXPECT_EQ(files.textOf("/out/app/app.chm"), "hulp");
   EXPECT_EQ(files.textOf("/out/app/0.jpg"), "m");
 }
@@ -161,14 +167,18 @@ TEST_F(CreateApplication, BringsHelpToolImagesAndDefaultImageAlong) {
 TEST_F(CreateApplication, StampsTheChosenIconElseTheProjectsElseTheDefault) {
   std::fill_n(stub.begin() + 500, 640, std::uint8_t{0x99});
   const auto stamped = [&](const CreateRequest& request) { return files.read(run(request).executable)->at(600); };
-  EXPECT_EQ(stamped({.name = "app"}), 5);
+  EXPECT_EQ(stamped(named("app")), 5);
   document.appIcon = Bytes(766, 6);
-  EXPECT_EQ(stamped({.name = "app"}), 6);
-  EXPECT_EQ(stamped({.name = "app", .iconBytes = Bytes(766, 8)}), 8);
+  EXPECT_EQ(stamped(named("app")), 6);
+  CreateRequest request = named("app");
+  request.iconBytes = Bytes(766, 8);
+  EXPECT_EQ(stamped(request), 8);
 }
 
 TEST_F(CreateApplication, SaysThatItCannotMakeASetupProgram) {
-  EXPECT_TRUE(run({.name = "app", .setup = true}).ok());
+  CreateRequest request = named("app");
+  request.setup = true;
+  EXPECT_TRUE(run(request).ok());
   EXPECT_EQ(messages.shown.size(), 1u);
 }
 

@@ -84,7 +84,8 @@ TEST(PayloadFromProject, PreparesFormulasAndDropsDeletedButtons) {
   document.fields[1].tabOrder = 4;
   document.fields[1].dummyField = true;
   document.buttons.resize(3);
-  document.buttons[0] = {.page = 0, .tag = "<>", .buttonPath = "F1=F2-1"};
+  document.buttons[0].page = 0;
+  document.buttons[0].buttonPath = "F1=F2-1";
   document.buttons[1].page = kPageDeleted;
   document.buttons[2].page = kPageVacant;
   const Payload payload = make(document, pictures);

@@ -1,0 +1,2 @@
+// The smallest program that can carry the engine's resources.
+int main() { return 0; }
