@@ -1,5 +1,5 @@
-// The scanner and its register. The strange corners here are the language: formulas that users have written depend on
-// them, so each one stands as it was found.
+// The scanner and its register. The strange corners here are the language: formulas that users have written
+// depend on them, so each one stands as it was found.
 #include "formula/Arithmetic.h"
 
 #include <cmath>
@@ -15,7 +15,8 @@ namespace plinth {
 
 namespace {
 
-// Characters looked at for all parentheses of one text: far above any real formula's need, a fraction of a second.
+// Characters looked at for all parentheses of one text: far above any real formula's need, a fraction of a
+// second.
 constexpr std::size_t kParenthesisBudget = 64u << 20;
 
 constexpr double kMaxModulo = 9.0e18;  // both sides of a modulo are 64-bit whole numbers
@@ -25,7 +26,9 @@ class Register {
  public:
   // op: one of the operators, or 0 for a number without one.
   void apply(char op, double v);
-  Decimal28 result() const { return isDouble_ ? Decimal28::fromDouble(double_).value_or(Decimal28()) : decimal_; }
+  Decimal28 result() const {
+    return isDouble_ ? Decimal28::fromDouble(double_).value_or(Decimal28()) : decimal_;
+  }
 
  private:
   double value() const { return isDouble_ ? double_ : decimal_.toDouble(); }
@@ -70,10 +73,14 @@ void Register::combine(char op, double v) {
   const auto operand = Decimal28::fromDouble(v);
   if (!operand) return;
   switch (op) {
-    case '+': return set(Decimal28::add(decimal_, *operand));
-    case '~': return set(Decimal28::subtract(decimal_, *operand));
-    case '*': return set(Decimal28::multiply(decimal_, *operand));
-    default: return set(Decimal28::divide(decimal_, *operand));
+    case '+':
+      return set(Decimal28::add(decimal_, *operand));
+    case '~':
+      return set(Decimal28::subtract(decimal_, *operand));
+    case '*':
+      return set(Decimal28::multiply(decimal_, *operand));
+    default:
+      return set(Decimal28::divide(decimal_, *operand));
   }
 }
 
@@ -101,29 +108,51 @@ void Register::timeToMinutes() {
 
 void Register::apply(char op, double v) {
   switch (op) {
-    case 0: return set(Decimal28::fromDouble(v));
-    case '+': case '~': case '*': case '/': return combine(op, v);
-    case '^': return power(v);
-    case 'M': return modulo(v);
-    case 'A': return isDouble_ ? setDouble(std::abs(double_)) : set(decimal_.absolute());
-    case 'B': return setDouble(std::atan(value()));
-    case 'C': return setDouble(std::cos(value()));
-    case 'E': return setDouble(std::exp(value()));
-    case 'L': return setDouble(value() > 0 ? std::log(value()) : HUGE_VAL);
-    case 'S': return setDouble(value() >= 0 ? std::sqrt(value()) : HUGE_VAL);
-    case 'T': return setDouble(std::tan(value()));
-    case 'R': return round(0);
-    case 'O': return round(1);
-    case 'U': return round(2);
-    case 'N': return round(3);
-    case 'D': return round(4);
-    case 'X': return timeToMinutes();
-    default: return;
+    case 0:
+      return set(Decimal28::fromDouble(v));
+    case '+':
+    case '~':
+    case '*':
+    case '/':
+      return combine(op, v);
+    case '^':
+      return power(v);
+    case 'M':
+      return modulo(v);
+    case 'A':
+      return isDouble_ ? setDouble(std::abs(double_)) : set(decimal_.absolute());
+    case 'B':
+      return setDouble(std::atan(value()));
+    case 'C':
+      return setDouble(std::cos(value()));
+    case 'E':
+      return setDouble(std::exp(value()));
+    case 'L':
+      return setDouble(value() > 0 ? std::log(value()) : HUGE_VAL);
+    case 'S':
+      return setDouble(value() >= 0 ? std::sqrt(value()) : HUGE_VAL);
+    case 'T':
+      return setDouble(std::tan(value()));
+    case 'R':
+      return round(0);
+    case 'O':
+      return round(1);
+    case 'U':
+      return round(2);
+    case 'N':
+      return round(3);
+    case 'D':
+      return round(4);
+    case 'X':
+      return timeToMinutes();
+    default:
+      return;
   }
 }
 
-// The operator at an index, 0 for none. Inside parentheses `text` is the inner text and `whole` the formula around it:
-// the rounding letters are looked for in the formula at the inner index, all others in the inner text.
+// The operator at an index, 0 for none. Inside parentheses `text` is the inner text and `whole` the formula
+// around it: the rounding letters are looked for in the formula at the inner index, all others in the inner
+// text.
 char operatorAt(std::string_view text, std::string_view whole, std::size_t i) {
   constexpr std::string_view kBeforeRounding = "+~*/^ABCE", kRounding = "ROUND", kBehindRounding = "LSTMX";
   if (kBeforeRounding.find(text[i]) != kBeforeRounding.npos) return text[i];
@@ -151,9 +180,10 @@ Decimal28 scan(std::string_view text, std::string_view whole) {
   return acc.result();
 }
 
-// Replaces parentheses by their values. Kept as found: the walk ends at the length the text had at first, it starts
-// again at the second character, and it remembers the last "(" across that. So a formula that opens with two
-// parentheses takes its outer pair for a wrong one, which then stands as two characters without meaning.
+// Replaces parentheses by their values. Kept as found: the walk ends at the length the text had at first, it
+// starts again at the second character, and it remembers the last "(" across that. So a formula that opens
+// with two parentheses takes its outer pair for a wrong one, which then stands as two characters without
+// meaning.
 std::string withoutParentheses(std::string_view text) {
   std::string work(text);
   const std::size_t limit = work.size();

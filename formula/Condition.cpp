@@ -1,5 +1,5 @@
-// The order in which relations are tried, and what happens under NOT, is fixed: formulas that users have written
-// depend on it.
+// The order in which relations are tried, and what happens under NOT, is fixed: formulas that users have
+// written depend on it.
 #include "formula/Condition.h"
 
 #include <array>

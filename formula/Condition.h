@@ -9,12 +9,13 @@
 
 namespace plinth {
 
-// How the sides of a condition are compared. Fields of text types run with `text`, all others and scripts with
-// `numeric`; a double quote in a condition makes it `text`.
+// How the sides of a condition are compared. Fields of text types run with `text`, all others and scripts
+// with `numeric`; a double quote in a condition makes it `text`.
 enum class ValueMode { numeric = 0, text = 1 };
 
 // One condition, a token without blanks: true for -1, false for 0 and for a token without a relation.
-// program decides whether texts compare byte for byte (designer) or without regard to case in codePage (engine).
+// program decides whether texts compare byte for byte (designer) or without regard to case in codePage
+// (engine).
 bool evaluateCondition(std::string_view token, ValueMode mode, FormulaMode program, int codePage);
 
 // The two sides of the first of `relations` that is present, tried in their order.

@@ -1,5 +1,5 @@
-// IF lines and assignments. The forms of a value are looked for in a fixed order anywhere in the token, and what each
-// target makes of a value is fixed too: formulas that users have written depend on it.
+// IF lines and assignments. The forms of a value are looked for in a fixed order anywhere in the token, and
+// what each target makes of a value is fixed too: formulas that users have written depend on it.
 #include "formula/Execute.h"
 
 #include <algorithm>
@@ -67,13 +67,19 @@ std::string negatedValue(std::string_view right) {
   return truth(relation && !compareComputed(*relation));
 }
 
+// A value that came from a field has "." as its point already; in a locale with another separator a second
+// rewrite would drop the point and make a hundredfold of the amount.
+std::string machineAmount(std::string_view text, const Locale& locale) {
+  const bool isLocal = locale.decimalSeparator == '.' || text.find(locale.decimalSeparator) != text.npos;
+  return isLocal ? normalizeNumber(text, locale) : std::string(text);
+}
+
 // nullopt when the token was a message: then nothing is assigned.
 std::optional<Value> valueOf(const FormulaContext& context, std::string_view token, std::string_view right) {
   constexpr std::array<std::string_view, 4> kSigns{">=", "<=", "<", ">"};
   const Locale& locale = context.host.locale();
   if (token.find("CUR(") != token.npos) {
-    const std::string amount = normalizeNumber(inner(right, "CUR("), locale);
-    return Value{CMoney(locale).monetaryToWords(amount)};
+    return Value{CMoney(locale).monetaryToWords(machineAmount(inner(right, "CUR("), locale))};
   }
   if (auto value = formattedValue(token, right, locale)) return value;
   if (context.program == FormulaMode::engine && token.find("MSGBOX(") != token.npos) {
@@ -100,8 +106,8 @@ void assignTime(FormulaHost& host, int n, double serial) {
   host.setFieldText(n, formatDate(serial, datePattern(host.fieldType(n)), host.locale()));
 }
 
-// A number goes into the box plain, without the decimals or the date form of the field's type. The box shows the
-// locale's decimal separator, since what it shows is read back and stored.
+// A number goes into the box plain, without the decimals or the date form of the field's type. The box shows
+// the locale's decimal separator, since what it shows is read back and stored.
 void assignField(FormulaHost& host, int n, const Value& value) {
   const Locale& locale = host.locale();
   const int type = host.fieldType(n);
@@ -129,16 +135,25 @@ void assignTo(const FormulaContext& context, std::string_view target, const Valu
   const int n = target.empty() ? -1 : targetIndex(target);
   if (n < 0) return;
   switch (target.front()) {
-    case 'f': if (n >= 1 && n <= host.fieldCount()) assignField(host, n, value); break;
-    case 'm': if (n >= 1 && n <= host.memoCount()) host.setMemoText(n, blanksBack(value.text)); break;
-    case 'c': if (n >= 1 && n <= host.comboCount()) host.setComboText(n, blanksBack(value.text)); break;
+    case 'f':
+      if (n >= 1 && n <= host.fieldCount()) assignField(host, n, value);
+      break;
+    case 'm':
+      if (n >= 1 && n <= host.memoCount()) host.setMemoText(n, blanksBack(value.text));
+      break;
+    case 'c':
+      if (n >= 1 && n <= host.comboCount()) host.setComboText(n, blanksBack(value.text));
+      break;
     case 'k':  // so a true of -1 clears the box
       if (n <= host.checkCount()) {
         host.setCheckValue(n, std::clamp(numeric(value, host.locale()), 0.0, 1.0) > 0.5 ? 1 : 0);
       }
       break;
-    case 'v': if (n < kVariableCount) context.variables[n] = machineNumber(numeric(value, host.locale())); break;
-    default: break;
+    case 'v':
+      if (n < kVariableCount) context.variables[n] = machineNumber(numeric(value, host.locale()));
+      break;
+    default:
+      break;
   }
 }
 

@@ -11,8 +11,8 @@
 
 namespace plinth {
 
-// V0 to V99, as the texts that stand for them; empty at the start of a run of all formulas. Scripts keep theirs from
-// line to line.
+// V0 to V99, as the texts that stand for them; empty at the start of a run of all formulas. Scripts keep
+// theirs from line to line.
 using FormulaVariables = std::array<std::string, kVariableCount>;
 
 // What a line works on.

@@ -57,7 +57,8 @@ const char* applicationDatePattern(int applicationDateFormat) {
 
 std::string formatFieldDate(int kind, double serial, int applicationDateFormat, const Locale& locale) {
   if (kind < 6 || kind > 22 || !isDateSerial(serial)) return "";
-  return formatDate(serial, kind == 6 ? applicationDatePattern(applicationDateFormat) : datePattern(kind), locale);
+  return formatDate(serial, kind == 6 ? applicationDatePattern(applicationDateFormat) : datePattern(kind),
+                    locale);
 }
 
 }  // namespace plinth

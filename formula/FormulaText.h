@@ -9,17 +9,17 @@
 
 namespace plinth {
 
-// Replacements that would make a text longer than this leave it as it stands, so that values that hold references to
-// each other cannot grow without end.
+// Replacements that would make a text longer than this leave it as it stands, so that values that hold
+// references to each other cannot grow without end.
 inline constexpr std::size_t kMaxFormulaText = 1 << 20;
 
 // Every occurrence replaced from left to right, unless the result would exceed kMaxFormulaText.
 std::string replaceBounded(std::string_view text, std::string_view what, std::string_view with);
 
-// Every upper-case reference `letter` and index is replaced by its value, as if done by one replacement of the whole
-// text for each index from `high` down to `low`: "F12" is then safe from "F1", and references that a value brings in, or
-// that arise where a value meets its neighbours, are replaced in their turn.
-// valueOf(n) is asked only for indices that occur. low is 0 or 1.
+// Every upper-case reference `letter` and index is replaced by its value, as if done by one replacement of
+// the whole text for each index from `high` down to `low`: "F12" is then safe from "F1", and references that
+// a value brings in, or that arise where a value meets its neighbours, are replaced in their turn. valueOf(n)
+// is asked only for indices that occur. low is 0 or 1.
 struct ReferenceKind {
   char letter;
   int low, high;

@@ -1,4 +1,5 @@
-// Values are read from the host when a formula asks for them: a value that an earlier formula has set counts at once.
+// Values are read from the host when a formula asks for them: a value that an earlier formula has set counts
+// at once.
 #include "formula/FormulaValues.h"
 
 #include "basic/DateSerial.h"
@@ -25,7 +26,8 @@ std::string joined(std::string_view text) { return replaceAll(text, " ", "_"); }
 }  // namespace
 
 std::string fieldValue(const FormulaHost& host, int n) {
-  return holdsSerial(host.fieldType(n)) ? serialValue(host, n) : normalizeNumber(host.fieldText(n), host.locale());
+  return holdsSerial(host.fieldType(n)) ? serialValue(host, n)
+                                        : normalizeNumber(host.fieldText(n), host.locale());
 }
 
 std::vector<ReferenceKind> formulaReferences(const FormulaHost& host) {

@@ -1,4 +1,5 @@
-// What the objects of a record stand for inside a formula: texts that hold no blank, numbers with "." as the point.
+// What the objects of a record stand for inside a formula: texts that hold no blank, numbers with "." as the
+// point.
 #pragma once
 
 #include <string>
@@ -10,8 +11,8 @@
 
 namespace plinth {
 
-// Value of field n: the serial of a date or time, "" for none; of all others what the box shows, with the locale's
-// decimal separator turned into "." and grouping removed (in texts too). Blanks stay.
+// Value of field n: the serial of a date or time, "" for none; of all others what the box shows, with the
+// locale's decimal separator turned into "." and grouping removed (in texts too). Blanks stay.
 std::string fieldValue(const FormulaHost& host, int n);
 
 // The reference kinds of a formula, to be replaced in this order: F, C, K. Blanks in values become "_".

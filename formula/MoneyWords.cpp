@@ -15,18 +15,20 @@ namespace plinth {
 namespace {
 
 constexpr std::string_view kInvalid = "Invalid Dollar Amount.";
-constexpr std::array<std::string_view, 20> kOnes{
-    "Zero", "One",    "Two",    "Three",    "Four",     "Five",    "Six",     "Seven",     "Eight",    "Nine",
-    "Ten",  "Eleven", "Twelve", "Thirteen", "Fourteen", "Fifteen", "Sixteen", "Seventeen", "Eighteen", "Nineteen"};
+constexpr std::array<std::string_view, 20> kOnes{"Zero",    "One",     "Two",       "Three",    "Four",
+                                                 "Five",    "Six",     "Seven",     "Eight",    "Nine",
+                                                 "Ten",     "Eleven",  "Twelve",    "Thirteen", "Fourteen",
+                                                 "Fifteen", "Sixteen", "Seventeen", "Eighteen", "Nineteen"};
 constexpr std::array<std::string_view, 10> kTens{"",      "",      "Twenty",  "Thirty", "Forty",
                                                  "Fifty", "Sixty", "Seventy", "Eighty", "Ninety"};
-constexpr std::array<std::string_view, 10> kScale{"",           "Thousand",    "Million",    "Billion",    "Trillion",
-                                                  "Quadrillion", "Quintillion", "Sextillion", "Septillion", "Octillion"};
+constexpr std::array<std::string_view, 10> kScale{"",           "Thousand",    "Million",     "Billion",
+                                                  "Trillion",   "Quadrillion", "Quintillion", "Sextillion",
+                                                  "Septillion", "Octillion"};
 
 bool isDigits(std::string_view text) { return text.find_first_not_of("0123456789") == text.npos; }
 
-// Words of 1 to 999 and their scale. The blank behind "Hundred" and the one before the scale both stand where nothing
-// is between them: texts on file are compared with these.
+// Words of 1 to 999 and their scale. The blank behind "Hundred" and the one before the scale both stand where
+// nothing is between them: texts on file are compared with these.
 std::string groupOfThree(int group, std::string_view scale) {
   const int hundreds = group / 100, rest = group % 100;
   std::string out;

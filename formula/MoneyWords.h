@@ -13,15 +13,16 @@ class CMoney {
  public:
   explicit CMoney(const Locale& locale);
 
-  // amount: a machine-readable number ("." as the point, no grouping), up to 30 digits before the point. A third decimal
-  // is dropped. An amount without a point keeps its first two digits only: formulas that users have written depend on
-  // it; pass "1234.00" for a whole amount. A negative amount or no number gives "Invalid Dollar Amount.".
+  // amount: a machine-readable number ("." as the point, no grouping), up to 30 digits before the point. A
+  // third decimal is dropped. An amount without a point keeps its first two digits only: formulas that users
+  // have written depend on it; pass "1234.00" for a whole amount. A negative amount or no number gives
+  // "Invalid Dollar Amount.".
   std::string monetaryToWords(std::string_view amount) const;
 
-  // Words of a whole number given by its digits ("" is zero). withUnit: -1 with the currency's unit, 0 without.
-  // A group of whole hundreds
-  // has two blanks before its scale word ("One Hundred  Thousand"), as texts on file have.
-  // "Invalid Dollar Amount." for anything but digits and for more than 30 of them (leading zeros aside).
+  // Words of a whole number given by its digits ("" is zero). withUnit: -1 with the currency's unit, 0
+  // without. A group of whole hundreds has two blanks before its scale word ("One Hundred  Thousand"), as
+  // texts on file have. "Invalid Dollar Amount." for anything but digits and for more than 30 of them
+  // (leading zeros aside).
   std::string groupWords(std::string_view digits, int withUnit) const;
 
  private:

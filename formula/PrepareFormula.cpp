@@ -1,5 +1,5 @@
-// Five rewrites in a fixed order, each blind to what the text means. Their side effects are part of the language:
-// formulas that users have written depend on them.
+// Five rewrites in a fixed order, each blind to what the text means. Their side effects are part of the
+// language: formulas that users have written depend on them.
 #include "formula/PrepareFormula.h"
 
 #include <cmath>
@@ -50,8 +50,8 @@ void markTargets(std::string& text, char letter, int low, int high) {
   }
 }
 
-// Takes the marking back where a condition stands. All else in the condition, quoted text too, goes to upper case with
-// it: so the designer, which compares byte for byte, never finds a text with small letters.
+// Takes the marking back where a condition stands. All else in the condition, quoted text too, goes to upper
+// case with it: so the designer, which compares byte for byte, never finds a text with small letters.
 void raiseConditions(std::string& text, int codePage) {
   for (std::size_t begin = text.find("IF"); begin != text.npos;) {
     const std::size_t end = text.find("THEN", begin);
@@ -61,7 +61,8 @@ void raiseConditions(std::string& text, int codePage) {
   }
 }
 
-// Afterwards "~" subtracts and "-" is a sign. A minus at the start or behind "(" stays "~", a subtraction from 0.
+// Afterwards "~" subtracts and "-" is a sign. A minus at the start or behind "(" stays "~", a subtraction
+// from 0.
 std::string splitMinus(std::string_view text) {
   std::string out = replaceAll(replaceAll(text, "-", "~"), "~~", "~-");
   for (const char before : {'*', '+', '/', '^'}) {

@@ -1,5 +1,6 @@
-// The rewrite of a formula from what its author typed to what is evaluated: sums spelled out, assignment targets marked
-// by a lower-case letter, the two kinds of minus told apart. A finished application holds its formulas rewritten.
+// The rewrite of a formula from what its author typed to what is evaluated: sums spelled out, assignment
+// targets marked by a lower-case letter, the two kinds of minus told apart. A finished application holds its
+// formulas rewritten.
 #pragma once
 
 #include <string>
@@ -7,7 +8,8 @@
 
 namespace plinth {
 
-// How far the marking of targets goes: highest index of each kind in use, and whose letters are put in upper case.
+// How far the marking of targets goes: highest index of each kind in use, and whose letters are put in upper
+// case.
 struct FormulaCounts {
   int fields = 0;
   int combos = 0;
@@ -18,8 +20,8 @@ struct FormulaCounts {
 
 inline constexpr int kVariableCount = 100;  // V0 to V99
 
-// The rewritten formula. Never fails; a malformed part stays as it is. Not for a text that is rewritten already: its
-// second SUM would be taken for a first one.
+// The rewritten formula. Never fails; a malformed part stays as it is. Not for a text that is rewritten
+// already: its second SUM would be taken for a first one.
 std::string prepareFormula(std::string_view text, const FormulaCounts& counts);
 
 }  // namespace plinth

@@ -1,5 +1,6 @@
-// References to fields, combos and check boxes are replaced once for the whole formula, variables line by line: a
-// later line sees a variable set by an earlier one, but not a field. Formulas that users have written depend on it.
+// References to fields, combos and check boxes are replaced once for the whole formula, variables line by
+// line: a later line sees a variable set by an earlier one, but not a field. Formulas that users have written
+// depend on it.
 #include "formula/RunFormulas.h"
 
 #include <vector>
@@ -20,7 +21,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 // A date in the type's form. 0 is no date, whatever the days to be added.
 void showDateResult(FormulaHost& host, int n, const Decimal28& result) {
   const int type = host.fieldType(n);
-  const double serial = result.isZero() ? 0 : result.toDouble() + (isTimeType(type) ? 0 : host.fieldDayOffset(n));
+  const double serial =
+      result.isZero() ? 0 : result.toDouble() + (isTimeType(type) ? 0 : host.fieldDayOffset(n));
   if (!isDateSerial(serial)) return;
   const bool empty = result.isZero() && (isDateType(type) || host.fieldBlankWhenZero(n));
   if (holdsSerial(type)) host.setFieldDate(n, serial);
@@ -46,7 +48,10 @@ FormulaCounts countsOf(const FormulaHost& host) {
 class Run {
  public:
   Run(FormulaHost& host, FormulaMode mode, FormulaVariables& variables)
-      : host_(host), context_{host, mode, variables}, counts_(countsOf(host)), references_(formulaReferences(host)) {}
+      : host_(host),
+        context_{host, mode, variables},
+        counts_(countsOf(host)),
+        references_(formulaReferences(host)) {}
 
   void pass(ValueMode mode) {
     for (int n = 1; n <= counts_.fields; ++n) {
@@ -61,8 +66,8 @@ class Run {
   void runField(int n, std::string_view formula, ValueMode mode) {
     const std::string prepared =
         context_.program == FormulaMode::designer ? prepareFormula(formula, counts_) : std::string(formula);
-    const std::string text = replaceReferences(
-        replaceBounded(prepared, "ID:", std::to_string(host_.recordNumber())), references_);
+    const std::string text =
+        replaceReferences(replaceBounded(prepared, "ID:", std::to_string(host_.recordNumber())), references_);
     if (text.find(kLineEnd) == text.npos) return runSingleLine(n, text, mode);
     for (const std::string& line : split(text, kLineEnd)) {
       executeLine(context_, replaceVariables(line, context_.variables), mode);

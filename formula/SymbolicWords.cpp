@@ -15,7 +15,8 @@ namespace plinth {
 namespace {
 
 bool isWordCharacter(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) > 127;
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+         static_cast<unsigned char>(c) > 127;
 }
 
 bool standsAlone(std::string_view text, std::size_t at, std::size_t size) {
