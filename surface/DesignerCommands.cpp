@@ -28,21 +28,21 @@ struct CommandRow {
 constexpr unsigned kCtrlShift = kCtrl | kShift;
 
 constexpr auto kCommands = std::to_array<CommandRow>({
-    {Command::newProject, Place::file, 0, "&New Project", "Ctrl+N", {'N', kCtrl}, 1, false,
+    {Command::newProject, Place::file, 152, "&New Project", "Ctrl+N", {'N', kCtrl}, 1, false,
      [](DesignerController& d, int) { d.newProject(); }},
-    {Command::open, Place::file, 0, "&Open...", "Ctrl+O", {'O', kCtrl}, 1, false,
+    {Command::open, Place::file, 153, "&Open...", "Ctrl+O", {'O', kCtrl}, 1, false,
      [](DesignerController& d, int) { d.open(); }},
-    {Command::save, Place::file, 0, "&Save", "Ctrl+S", {'S', kCtrl}, 1, false,
+    {Command::save, Place::file, 155, "&Save", "Ctrl+S", {'S', kCtrl}, 1, false,
      [](DesignerController& d, int) { d.save(); }},
-    {Command::saveAs, Place::file, 0, "Save &As...", "Ctrl+Shift+S", {'S', kCtrlShift}, 1, false,
+    {Command::saveAs, Place::file, 156, "Save &As...", "Ctrl+Shift+S", {'S', kCtrlShift}, 1, false,
      [](DesignerController& d, int) { d.saveAs(); }},
-    {Command::createApplication, Place::file, 285, "&Create Application...", "F9", {120, 0}, 1, true,
+    {Command::createApplication, Place::file, 179, "Create &Application...", "F9", {120, 0}, 1, true,
      [](DesignerController& d, int) { d.createApplication(); }},
     {Command::fileProperties, Place::file, 0, "File &Properties...", "", {}, 1, false,
      [](DesignerController& d, int) { d.fileProperties(); }},
     {Command::recent, Place::file, 0, "", "", {}, kRecentFiles, true,
      [](DesignerController& d, int i) { d.openRecent(i + 1); }},
-    {Command::exit, Place::file, 0, "E&xit", "", {}, 1, true, [](DesignerController& d, int) { d.exit(); }},
+    {Command::exit, Place::file, 157, "E&xit", "", {}, 1, true, [](DesignerController& d, int) { d.exit(); }},
     {Command::page, Place::view, 0, "", "", {}, kPages, false, [](DesignerController& d, int i) { d.showPage(i); }},
     {Command::nextPage, Place::view, 0, "&Next Page", "Ctrl+PageDown", {34, kCtrl}, 1, true,
      [](DesignerController& d, int) { d.showNextPage(1); }},
@@ -60,7 +60,7 @@ struct MenuRow {
   const char* english;
 };
 constexpr auto kMenus = std::to_array<MenuRow>({
-    {Place::file, 0, "&File"}, {Place::view, 0, "&View"}, {Place::language, 0, "&Language"}, {Place::help, 0, "&Help"}});
+    {Place::file, 0, "&File"}, {Place::view, 391, "&Page"}, {Place::language, 175, "&Language"}, {Place::help, 370, "&Help"}});
 
 // Names from outside must not make access keys.
 std::string escaped(const std::string& text) { return replaceAll(text, "&", "&&"); }

@@ -8,7 +8,6 @@
 #include "basic/FileName.h"
 #include "basic/Text.h"
 #include "surface/DesignerCommands.h"
-#include "surface/DesignerDialogs.h"
 
 namespace plinth {
 
@@ -97,13 +96,21 @@ std::string DesignerController::text(int label, const char* english) const {
   return found.empty() ? english : found;
 }
 
+LabelSource DesignerController::labels() const {
+  return [this](int label, const char* english) { return text(label, english); };
+}
+
+bool DesignerController::runDialog(DialogSpec spec) {
+  spec.codePage = languageCodePage();
+  return parts_.dialogs.run(spec);
+}
+
 int DesignerController::languageCodePage() const { return codePageOfCharSet(shell_.texts().charSet()); }
 
 void DesignerController::fileProperties() {
   run([this] {
     FileProperties properties = shell_.document().fileProp;
-    const LabelSource labels = [this](int label, const char* english) { return text(label, english); };
-    if (!parts_.dialogs.run(filePropertiesDialog(properties, labels))) return;
+    if (!runDialog(filePropertiesDialog(properties, labels()))) return;
     const FileProperties& before = shell_.document().fileProp;
     if (before.comments == properties.comments && before.deskIcon == properties.deskIcon) return;
     shell_.document().fileProp = properties;
@@ -112,10 +119,7 @@ void DesignerController::fileProperties() {
 }
 
 void DesignerController::about() {
-  run([this] {
-    parts_.dialogs.run(
-        aboutDialog(parts_.version, [this](int label, const char* english) { return text(label, english); }));
-  });
+  run([this] { runDialog(aboutDialog(parts_.version, labels())); });
 }
 
 CreateEnvironment DesignerController::createEnvironment() {
@@ -139,13 +143,12 @@ void DesignerController::createApplication() {
       return name.empty() ? shell_.document().appIcon : LoadIconFile(files, iconFolder + name, parts_.defaultIcon);
     };
     FileProperties properties = shell_.document().fileProp;
-    const LabelSource labels = [this](int label, const char* english) { return text(label, english); };
     const auto editProperties = [&] {
       FileProperties edited = properties;
-      if (parts_.dialogs.run(filePropertiesDialog(edited, labels))) properties = edited;
+      if (runDialog(filePropertiesDialog(edited, labels()))) properties = edited;
     };
     const auto image = [&](const std::string& name) { return parts_.decoder.decode(iconBytes(name)); };
-    if (!parts_.dialogs.run(createDialog(choices, labels, image, editProperties)) || choices.name.empty()) return;
+    if (!runDialog(createDialog(choices, labels(), image, editProperties)) || choices.name.empty()) return;
     shell_.document().fileProp = properties;
     if (!choices.icon.empty()) {
       shell_.document().appIcon = iconBytes(choices.icon);
@@ -162,7 +165,7 @@ void DesignerController::report(const CreateResult& result) {
     return;
   }
   if (!result.ok()) return;
-  result_ = "Created " + result.executable;
+  result_ = text(337, "The application was created.") + " " + result.executable;
   if (result.notes.empty()) return;
   std::string notes;
   for (const std::string& note : result.notes) notes += (notes.empty() ? "" : "\r\n") + note;
@@ -208,7 +211,7 @@ void DesignerController::setBusy(bool busy) { window_.setBusy(busy); }
 
 std::string DesignerController::chooseLanguage(const std::vector<std::string>& names) {
   std::string chosen;
-  return parts_.dialogs.run(languageDialog(chosen, names)) ? chosen : "";
+  return runDialog(languageDialog(chosen, names, labels())) ? chosen : "";
 }
 
 }  // namespace plinth

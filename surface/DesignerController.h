@@ -12,6 +12,7 @@
 #include "builder/CreateApplication.h"
 #include "model/DesignerShell.h"
 #include "platform/Canvas.h"
+#include "surface/DesignerDialogs.h"
 #include "surface/DialogRows.h"
 #include "surface/PageSurface.h"
 #include "surface/PageView.h"
@@ -91,6 +92,8 @@ class DesignerController : private DesignerView {
   std::string chooseLanguage(const std::vector<std::string>& names) override;
   CreateEnvironment createEnvironment();
   void report(const CreateResult& result);
+  bool runDialog(DialogSpec spec);
+  LabelSource labels() const;
   template <class F>
   void run(F command);
 

@@ -32,24 +32,25 @@ DialogSpec createDialog(CreateChoices& choices, const LabelSource& label,
                         std::function<void()> properties) {
   DialogSpec spec;
   spec.title = label(285, "Create Application...");
-  spec.ok = label(159, "Create...");
+  spec.ok = label(159, "Create") + "...";
+  spec.cancel = label(299, "Cancel");
   spec.okWhen = [&choices] { return !choices.name.empty(); };
   int id = kFirstId;
   spec.rows.push_back(textRow(id++, RowKind::text, "&Name :", choices.name));
   spec.rows.push_back(textRow(id++, RowKind::folder, "&Folder :", choices.folder));
-  DialogRow icons = textRow(id++, RowKind::list, "Select Windows Desk Top &Icon...", choices.icon);
+  DialogRow icons = textRow(id++, RowKind::list, label(162, "Select Windows Desk Top Icon..."), choices.icon);
   icons.items = [&choices] { return choices.icons; };
   icons.lines = 5;
   spec.rows.push_back(std::move(icons));
   DialogRow preview = row(id++, RowKind::picture, "");
   preview.image = [&choices, iconImage = std::move(iconImage)] { return iconImage(choices.icon); };
   spec.rows.push_back(std::move(preview));
-  DialogRow setup = row(id++, RowKind::check, "Create &Setup File");
+  DialogRow setup = row(id++, RowKind::check, label(161, "Create Setup File"));
   setup.get = [] { return std::string(); };
   setup.enabledWhen = [] { return false; };
   setup.toolTip = "This version does not make setup files yet.";
   spec.rows.push_back(std::move(setup));
-  DialogRow button = row(id++, RowKind::button, "&Properties");
+  DialogRow button = row(id++, RowKind::button, label(160, "Properties") + "...");
   button.press = std::move(properties);
   button.toolTip = "Company, version and other texts of the finished program";
   spec.rows.push_back(std::move(button));
@@ -62,7 +63,9 @@ DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& l
       "&Version :",      "Setup &Password :",   "Setup Lic&ense :",   "Setup &Readme :"};
   constexpr std::size_t kFirstLong = 7;
   DialogSpec spec;
-  spec.title = label(0, "File Properties");
+  spec.title = "File Properties";
+  spec.ok = label(298, "OK");
+  spec.cancel = label(299, "Cancel");
   spec.width = 520;
   int id = kFirstId;
   for (std::size_t i = 0; i < kLabels.size(); ++i) {
@@ -71,7 +74,7 @@ DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& l
     text.lines = isLong ? 4 : 1;
     spec.rows.push_back(std::move(text));
   }
-  DialogRow desk = row(id++, RowKind::check, "Setup Desktop &Icon");
+  DialogRow desk = row(id++, RowKind::check, label(164, "Setup Desktop Icon"));
   desk.get = [&properties] { return std::string(properties.deskIcon != 0 ? "1" : ""); };
   desk.set = [&properties](const std::string& value) { properties.deskIcon = value.empty() ? 0 : 1; };
   spec.rows.push_back(std::move(desk));
@@ -80,7 +83,8 @@ DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& l
 
 DialogSpec aboutDialog(const std::string& version, const LabelSource& label) {
   DialogSpec spec;
-  spec.title = label(0, "About Plinth");
+  spec.title = label(316, "About") + " Plinth";
+  spec.ok = label(298, "OK");
   spec.cancel = "";
   spec.width = 360;
   DialogRow name = row(kFirstId, RowKind::note, "Plinth " + version);
@@ -91,9 +95,11 @@ DialogSpec aboutDialog(const std::string& version, const LabelSource& label) {
   return spec;
 }
 
-DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names) {
+DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names, const LabelSource& label) {
   DialogSpec spec;
-  spec.title = "Language";
+  spec.title = label(177, "Choose a language");
+  spec.ok = label(298, "OK");
+  spec.cancel = label(299, "Cancel");
   spec.width = 280;
   spec.okWhen = [&chosen] { return !chosen.empty(); };
   DialogRow list = textRow(kFirstId, RowKind::list, "", chosen);

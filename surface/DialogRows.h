@@ -42,6 +42,7 @@ struct DialogSpec {
   std::string ok = "OK", cancel = "Cancel";                // "" for a dialog that only informs
   std::function<bool()> okWhen;                            // none: always
   std::vector<DialogRow> rows;
+  int codePage = 1252;                                     // of all texts but folders, which are the system's
   int width = 460;                                         // pixels at 96 dpi, inside
 };
 

@@ -1,0 +1,82 @@
+// The designer's main window, Form1: menu, drawing area and status bar around a DesignerController.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/win32/Handles.h"
+#include "surface/DesignerCommands.h"
+#include "surface/DesignerController.h"
+#include "surface/win32/PageArea.h"
+
+namespace plinth {
+
+// What the frame is given; the frame itself is the progress bar. References must outlive it.
+struct DesignerSetup {
+  Files& files;
+  Messages& messages;
+  Chooser& chooser;
+  Settings& settings;
+  Clock& clock;
+  DialogRunner& dialogs;
+  std::string programFolder;  // with trailing separator
+  bool firstInstance = true;
+  std::span<const std::uint8_t> stub, defaultIcon;
+  std::string version;
+};
+
+class DesignerFrame : private DesignerWindow, private Progress {
+ public:
+  // Control ids, for tests and assistive programs.
+  static constexpr int kPageAreaId = 100, kStatusId = 101, kProgressId = 102;
+  static constexpr const wchar_t* kClass = L"PlinthDesigner";
+
+  explicit DesignerFrame(const DesignerSetup& setup);
+  ~DesignerFrame() override;
+  DesignerFrame(const DesignerFrame&) = delete;
+  DesignerFrame& operator=(const DesignerFrame&) = delete;
+
+  // Opens the first project and shows the window as the system asks (SW_...). False: the program must end.
+  bool start(const std::string& commandLine, int show);
+  HWND window() const { return window_; }
+  DesignerController& designer() { return designer_; }
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+  void makeChildren();
+  void place(int show);
+  void keepPlace();
+  void layout();
+  void layoutStatus();
+  void scaleChanged(const RECT& suggested);
+  void updateMenu(HMENU menu);
+  void dropFiles(WPARAM drop);
+
+  // SurfaceView, DesignerWindow
+  void invalidate() override;
+  void scrollChanged() override;
+  void pageChanged() override;
+  void objectPointedAt(const std::string& name) override;
+  void showCaption(const std::string& utf8) override;
+  void menusChanged() override;
+  void statusChanged() override;
+  void setBusy(bool busy) override;
+  void end() override;
+  // Progress
+  void title(std::string_view text) override;
+  bool step(std::int64_t done, std::int64_t total) override;
+  void pump();
+
+  HWND window_ = nullptr, status_ = nullptr, bar_ = nullptr;
+  double scale_ = 1;
+  FontHandle font_;
+  MemoryDc measuring_;
+  std::vector<Menu> menus_;
+  bool waiting_ = false, working_ = false, cancelled_ = false, ready_ = false;
+  DesignerController designer_;
+  std::unique_ptr<PageArea> area_;
+};
+
+}  // namespace plinth
