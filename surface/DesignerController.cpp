@@ -179,8 +179,8 @@ std::vector<std::string> DesignerController::status() const {
   const int system = parts_.systemCodePage;
   const std::string project = shell_.lastPath().empty() ? shell_.projectPath() : shell_.lastPath();
   return {result_.empty() ? toUtf8(project, system) + (document.dirty ? " *" : "") : toUtf8(result_, system),
-          std::to_string(size.width) + " x " + std::to_string(size.height),
-          std::to_string(objectsOnPage(document, page)) + " / " + std::to_string(objectsInProject(document)),
+          std::to_string(size.width) + " x " + std::to_string(size.height) + " px",
+          std::to_string(objectsOnPage(document, page)) + " / " + std::to_string(objectsInProject(document)) + " objects",
           toUtf8(pointed_, codePageOfCharSet(document.charSet))};
 }
 
@@ -210,7 +210,8 @@ void DesignerController::languageChanged() {
 void DesignerController::setBusy(bool busy) { window_.setBusy(busy); }
 
 std::string DesignerController::chooseLanguage(const std::vector<std::string>& names) {
-  std::string chosen;
+  if (names.size() == 1) return names.front();  // nothing to choose
+  std::string chosen = names.empty() ? "" : names.front();
   return runDialog(languageDialog(chosen, names, labels())) ? chosen : "";
 }
 

@@ -17,6 +17,9 @@ DialogRow row(int id, RowKind kind, std::string label) {
   return out;
 }
 
+// Language texts carry no access keys outside menus: the first letter becomes one.
+std::string withKey(const std::string& text) { return text.find('&') == std::string::npos ? "&" + text : text; }
+
 // A row over a text that outlives the dialog.
 DialogRow textRow(int id, RowKind kind, std::string label, std::string& value) {
   DialogRow out = row(id, kind, std::move(label));
@@ -38,19 +41,19 @@ DialogSpec createDialog(CreateChoices& choices, const LabelSource& label,
   int id = kFirstId;
   spec.rows.push_back(textRow(id++, RowKind::text, "&Name :", choices.name));
   spec.rows.push_back(textRow(id++, RowKind::folder, "&Folder :", choices.folder));
-  DialogRow icons = textRow(id++, RowKind::list, label(162, "Select Windows Desk Top Icon..."), choices.icon);
+  DialogRow icons = textRow(id++, RowKind::list, withKey(label(162, "Select Windows Desk Top Icon...")), choices.icon);
   icons.items = [&choices] { return choices.icons; };
   icons.lines = 5;
   spec.rows.push_back(std::move(icons));
   DialogRow preview = row(id++, RowKind::picture, "");
   preview.image = [&choices, iconImage = std::move(iconImage)] { return iconImage(choices.icon); };
   spec.rows.push_back(std::move(preview));
-  DialogRow setup = row(id++, RowKind::check, label(161, "Create Setup File"));
+  DialogRow setup = row(id++, RowKind::check, withKey(label(161, "Create Setup File")));
   setup.get = [] { return std::string(); };
   setup.enabledWhen = [] { return false; };
   setup.toolTip = "This version does not make setup files yet.";
   spec.rows.push_back(std::move(setup));
-  DialogRow button = row(id++, RowKind::button, label(160, "Properties") + "...");
+  DialogRow button = row(id++, RowKind::button, withKey(label(160, "Properties")) + "...");
   button.press = std::move(properties);
   button.toolTip = "Company, version and other texts of the finished program";
   spec.rows.push_back(std::move(button));
@@ -74,7 +77,7 @@ DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& l
     text.lines = isLong ? 4 : 1;
     spec.rows.push_back(std::move(text));
   }
-  DialogRow desk = row(id++, RowKind::check, label(164, "Setup Desktop Icon"));
+  DialogRow desk = row(id++, RowKind::check, withKey(label(164, "Setup Desktop Icon")));
   desk.get = [&properties] { return std::string(properties.deskIcon != 0 ? "1" : ""); };
   desk.set = [&properties](const std::string& value) { properties.deskIcon = value.empty() ? 0 : 1; };
   spec.rows.push_back(std::move(desk));

@@ -27,6 +27,10 @@ RectPx rectOf(float left, float top, float width, float height) {
 
 float points(float size) { return std::isfinite(size) ? std::clamp(size, 1.0f, 200.0f) : 8.25f; }
 
+// Combos have no height of their own but that of a line in their font; reckoned, so that pages are laid out alike on
+// every machine.
+int comboHeight(float size) { return static_cast<int>(std::lround(points(size) * 96 / 72 * 1.27f)) + kComboPadding; }
+
 template <class Row>
 FontSpec fontOf(const Row& row, int charSet) {
   return {row.fontName, points(row.fontSize), row.fontBold, row.fontItalic, false, charSet};
@@ -91,7 +95,7 @@ struct Builder {
   }
   ItemShape combo(const ComboRow& row) const {
     const FontSpec font = fontOf(row, document.charSet);
-    const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)), measure("Wg", font).height + kComboPadding};
+    const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)), comboHeight(row.fontSize)};
     return ComboItem{inflated(text, row.frameStyle < 2 ? 1 : 3), text, {row.frameStyle, plainColor(row.frameColor)}, "",
                      font, plainColor(row.foreColor), plainColor(row.backColor)};
   }

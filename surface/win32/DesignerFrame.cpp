@@ -20,7 +20,7 @@ namespace {
 constexpr int kFirstWidth = 1080, kFirstHeight = 780, kBarWidth = 220;
 constexpr int kIconId = 1;
 // Widths of the right parts of the status bar: page size, counts, object under the pointer.
-constexpr int kSizePart = 110, kCountPart = 90, kObjectPart = 300;
+constexpr int kSizePart = 110, kCountPart = 120, kObjectPart = 300;
 
 WicDecoder& decoder() {
   static WicDecoder pictures;

@@ -104,11 +104,15 @@ class DialogWindow {
     return static_cast<int>((area.right + 1) / scale_) + 1;
   }
 
+  static bool hasLabelBeside(const DialogRow& row) {
+    return !row.label.empty() && (row.kind == RowKind::text || row.kind == RowKind::memo || row.kind == RowKind::list ||
+                                  row.kind == RowKind::folder);
+  }
+
   int widestLabel() const {
     int widest = 0;
     for (const DialogRow& row : spec_.rows)
-      if (row.kind == RowKind::text || row.kind == RowKind::memo || row.kind == RowKind::list || row.kind == RowKind::folder)
-        widest = std::max(widest, widthOf(toWide(row.label, spec_.codePage), font_));
+      if (hasLabelBeside(row)) widest = std::max(widest, widthOf(toWide(row.label, spec_.codePage), font_));
     return widest == 0 ? 0 : std::min(widest, spec_.width * kLabelShare / 100) + kGap;
   }
 

@@ -84,8 +84,8 @@ TEST(PageView, FramesSurroundTheirBoxesByKindAndStyle) {
     RectPx frame;  // of a text part at 20,20 and 100 x 40 (combos: their own height)
   } cases[] = {{ObjectKind::Field, 0, {17, 17, 106, 46}}, {ObjectKind::Field, 3, {17, 17, 106, 46}},
                {ObjectKind::Memo, 1, {17, 19, 104, 42}},  {ObjectKind::Memo, 2, {18, 18, 104, 44}},
-               {ObjectKind::Memo, 3, {17, 17, 106, 46}},  {ObjectKind::Combo, 1, {19, 19, 102, 20}},
-               {ObjectKind::Combo, 2, {17, 17, 106, 24}}};
+               {ObjectKind::Memo, 3, {17, 17, 106, 46}},  {ObjectKind::Combo, 1, {19, 19, 102, 21}},
+               {ObjectKind::Combo, 2, {17, 17, 106, 25}}};
   for (const auto& c : cases) {
     ProjectDocument d;
     const auto place = [&c](auto& row) {
