@@ -1,5 +1,5 @@
-// See CreateApplication.h. The image is complete in memory before the output folder is touched: a run that fails or is
-// cancelled until then leaves the earlier build as it was.
+// See CreateApplication.h. The image is complete in memory before the output folder is touched: a run that
+// fails or is cancelled until then leaves the earlier build as it was.
 #include "builder/CreateApplication.h"
 
 #include <algorithm>
@@ -89,7 +89,8 @@ bool isStampable(const Bytes& icon) {
 Bytes Run::icon() {
   for (const Bytes& bytes : {request_.iconBytes, document_.appIcon}) {
     if (bytes.size() <= kIconPixels) continue;
-    if (!isStampable(bytes)) result_.notes.push_back("The icon is not one 32x32 image of 16 colours and will look wrong");
+    if (!isStampable(bytes))
+      result_.notes.push_back("The icon is not one 32x32 image of 16 colours and will look wrong");
     return bytes;
   }
   return {env_.defaultIcon.begin(), env_.defaultIcon.end()};
@@ -105,8 +106,10 @@ bool Run::buildImage() {
     return !cancelled;
   });
   if (!image.ok()) {
-    if (cancelled) end(CreateStatus::cancelled);
-    else end(CreateStatus::failed, image.error().text);
+    if (cancelled)
+      end(CreateStatus::cancelled);
+    else
+      end(CreateStatus::failed, image.error().text);
     return false;
   }
   tellCutTexts(image->cutTexts);
@@ -136,8 +139,10 @@ bool Run::prepareFolder() {
   }
   const Result<void> prepared = folder.prepare(result_.notes);
   if (prepared.ok()) return true;
-  if (env_.files.isFolder(result_.folder)) end(CreateStatus::inUse, "Close previous running Application");
-  else end(CreateStatus::failed, "The folder " + result_.folder + " cannot be made: " + prepared.error().text);
+  if (env_.files.isFolder(result_.folder))
+    end(CreateStatus::inUse, "Close previous running Application");
+  else
+    end(CreateStatus::failed, "The folder " + result_.folder + " cannot be made: " + prepared.error().text);
   return false;
 }
 
@@ -169,14 +174,16 @@ void Run::copyToolImages() {
     const std::string name = std::to_string(number) + ".GIF";
     if (!env_.files.copy(from + name, to + env_.files.separator() + name).ok()) ++missing;
   }
-  if (missing > 0) result_.notes.push_back("Images of the tool box that could not be copied: " + std::to_string(missing));
+  if (missing > 0)
+    result_.notes.push_back("Images of the tool box that could not be copied: " + std::to_string(missing));
 }
 
-// The application shows page 0 first: what lies on other pages is hidden then, and so are pictures that say so.
+// The application shows page 0 first: what lies on other pages is hidden then, and so are pictures that say
+// so.
 void Run::copyDefaultImage() {
-  const bool hidden = std::any_of(document_.pictures.begin(), document_.pictures.end(), [](const PictureRow& row) {
-    return isLivePage(row.page) && (row.page > 0 || !row.visible);
-  });
+  const bool hidden = std::any_of(
+      document_.pictures.begin(), document_.pictures.end(),
+      [](const PictureRow& row) { return isLivePage(row.page) && (row.page > 0 || !row.visible); });
   if (!hidden) return;
   const std::string& path = document_.defaultImagePath;
   const std::optional<Bytes> image = path.empty() ? std::nullopt : env_.pictures.get(path);
@@ -230,7 +237,8 @@ bool CompileApp::bigEnough(const ProjectDocument& document) {
                                             [](const CheckRow& row) { return isLivePage(row.page); });
   const std::int64_t size =
       lengths(document.fields, 1) + lengths(document.memos, 1) + lengths(document.combos, 1) + checks;
-  if (size < kSmallestRecord) environment_.messages.show(environment_.labelText(kLabelTooSmall), MessageIcon::warning);
+  if (size < kSmallestRecord)
+    environment_.messages.show(environment_.labelText(kLabelTooSmall), MessageIcon::warning);
   return size >= kSmallestRecord;
 }
 

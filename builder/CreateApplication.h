@@ -1,5 +1,6 @@
-// Create Application: turns the open project into one executable in a folder of its own, with the help file and the
-// images that belong to it. Portable: the machine, the engine's bytes and the dialog's answers come in as values.
+// Create Application: turns the open project into one executable in a folder of its own, with the help file
+// and the images that belong to it. Portable: the machine, the engine's bytes and the dialog's answers come
+// in as values.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +34,8 @@ struct InstallerInput {
   std::string folder;  // output folder, with trailing separator
 };
 
-// Wraps a finished application into a setup program. There is none yet: a request for one is answered by a message.
+// Wraps a finished application into a setup program. There is none yet: a request for one is answered by a
+// message.
 class InstallerStep {
  public:
   virtual ~InstallerStep() = default;
@@ -47,8 +49,8 @@ struct CreateEnvironment {
   Progress& progress;
   PictureStore& pictures;
   std::function<std::string(int)> labelText;  // LabelText by its number, 101 to 400
-  std::string programFolder;                  // of the designer, with trailing separator: Languages, Images, main.jpg
-  std::string language = "English";           // name of the chosen language: "<language>b.chm"
+  std::string programFolder;         // of the designer, with trailing separator: Languages, Images, main.jpg
+  std::string language = "English";  // name of the chosen language: "<language>b.chm"
   std::span<const std::uint8_t> stub;         // resource "CUSTOM" 101
   std::span<const std::uint8_t> defaultIcon;  // resource "CUSTOM" 103
   InstallerStep* installer = nullptr;
@@ -56,13 +58,13 @@ struct CreateEnvironment {
 
 enum class CreateStatus {
   created,
-  tooSmall,   // the records would hold less than 30 characters
-  noName,     // nothing was typed: the run stopped silently
-  badName,    // nothing usable is left of the name
-  inUse,      // the earlier build runs or is locked
-  refused,    // the person wanted to keep what lies in the folder
+  tooSmall,  // the records would hold less than 30 characters
+  noName,    // nothing was typed: the run stopped silently
+  badName,   // nothing usable is left of the name
+  inUse,     // the earlier build runs or is locked
+  refused,   // the person wanted to keep what lies in the folder
   cancelled,
-  failed,     // the executable could not be made or written
+  failed,  // the executable could not be made or written
 };
 
 struct CreateResult {
@@ -81,9 +83,9 @@ class CompileApp {
 
   // True when records can hold at least 30 characters; else shows label 398. Call before the name dialog.
   bool bigEnough(const ProjectDocument& document);
-  // All steps behind the dialog. The document changes by default names and becomes dirty. Messages are shown as they
-  // arise; what fails beside the executable itself is passed over and noted. Files of the user that lie in the output
-  // folder (data files, settings) are kept; nothing outside the output folder is touched.
+  // All steps behind the dialog. The document changes by default names and becomes dirty. Messages are shown
+  // as they arise; what fails beside the executable itself is passed over and noted. Files of the user that
+  // lie in the output folder (data files, settings) are kept; nothing outside the output folder is touched.
   CreateResult run(ProjectDocument& document, const CreateRequest& request);
 
  private:
@@ -92,8 +94,8 @@ class CompileApp {
 
 // The dialog's first name: the first 60 characters of the project's title.
 std::string initialApplicationName(const ProjectDocument& document);
-// The application's name from the name as typed: reduced to a plain file name and cut at the first "."; "" when nothing
-// is left.
+// The application's name from the name as typed: reduced to a plain file name and cut at the first "."; ""
+// when nothing is left.
 std::string applicationName(std::string_view typed);
 // Content of an ".ico" file; of the default icon when `path` is empty or cannot be read.
 Bytes LoadIconFile(const Files& files, const std::string& path, std::span<const std::uint8_t> defaultIcon);

@@ -37,7 +37,8 @@ bool OutputFolder::isUserData(const std::string& name, const std::vector<std::st
   if (equalAsciiNoCase(extension, "cfg")) return true;
   if (!extension.empty()) return equalAsciiNoCase(extension, dataExtension_);
   // "<data name>0001": a further segment of a data file.
-  if (name.size() <= kSegmentDigits || !std::all_of(name.end() - kSegmentDigits, name.end(), isDigit)) return false;
+  if (name.size() <= kSegmentDigits || !std::all_of(name.end() - kSegmentDigits, name.end(), isDigit))
+    return false;
   const std::string base = name.substr(0, name.size() - kSegmentDigits);
   return std::any_of(dataNames.begin(), dataNames.end(),
                      [&](const std::string& data) { return equalAsciiNoCase(withoutExtension(data), base); });
@@ -47,14 +48,16 @@ std::vector<std::string> OutputFolder::filesToDelete() const {
   const std::vector<std::string> names = files_.list(path_);
   std::vector<std::string> dataNames, unwanted;
   for (const std::string& name : names) {
-    if (!dataExtension_.empty() && equalAsciiNoCase(extensionOf(name), dataExtension_)) dataNames.push_back(name);
+    if (!dataExtension_.empty() && equalAsciiNoCase(extensionOf(name), dataExtension_))
+      dataNames.push_back(name);
   }
   for (const std::string& name : names) {
     if (!isUserData(name, dataNames)) unwanted.push_back(name);
   }
   // While the earlier build runs nothing of it may go: its executable is tried first.
-  std::stable_partition(unwanted.begin(), unwanted.end(),
-                        [this](const std::string& name) { return equalAsciiNoCase(name, appName_ + ".exe"); });
+  std::stable_partition(unwanted.begin(), unwanted.end(), [this](const std::string& name) {
+    return equalAsciiNoCase(name, appName_ + ".exe");
+  });
   return unwanted;
 }
 
@@ -63,7 +66,8 @@ Result<void> OutputFolder::prepare(std::vector<std::string>& notes) {
   for (const std::string& name : filesToDelete()) {
     const Result<void> removed = files_.removeFile(pathOf(name));
     if (removed.ok() || removed.error().kind == ErrorKind::notFound) continue;
-    if (removed.error().kind == ErrorKind::locked || removed.error().kind == ErrorKind::denied) return removed.error();
+    if (removed.error().kind == ErrorKind::locked || removed.error().kind == ErrorKind::denied)
+      return removed.error();
     notes.push_back(name + " could not be deleted: " + removed.error().text);
   }
   return {};

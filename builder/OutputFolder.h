@@ -1,5 +1,5 @@
-// The folder of a finished application: made, or emptied of an earlier build. What its user made there since stays: data
-// files with their segments, and settings.
+// The folder of a finished application: made, or emptied of an earlier build. What its user made there since
+// stays: data files with their segments, and settings.
 #pragma once
 
 #include <string>
@@ -12,7 +12,8 @@ namespace plinth {
 
 class OutputFolder {
  public:
-  // path: without trailing separator; its last part is the application's name. dataExtension: of its data files.
+  // path: without trailing separator; its last part is the application's name. dataExtension: of its data
+  // files.
   OutputFolder(Files& files, std::string path, std::string appName, std::string dataExtension);
 
   // Of a file in the folder.
@@ -21,8 +22,8 @@ class OutputFolder {
   std::vector<std::string> filesToDelete() const;
   // True when the folder holds an executable or setup program of this name: an earlier build made it.
   bool isEarlierBuild() const;
-  // Deletes filesToDelete, or makes the folder. A file in use or protected ends it (locked or denied); other failures are
-  // passed over and noted.
+  // Deletes filesToDelete, or makes the folder. A file in use or protected ends it (locked or denied); other
+  // failures are passed over and noted.
   Result<void> prepare(std::vector<std::string>& notes);
 
  private:

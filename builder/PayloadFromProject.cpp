@@ -229,8 +229,8 @@ void ObjectTransfer::checks(Payload& payload) const {
 
 void ObjectTransfer::buttons(Payload& payload) const {
   for (const ButtonRow& row : document_.buttons) {
-    // Nothing refers to a button by its number, so deleted ones are dropped and the count with them: left out alone,
-    // they would make the engine read all that follows from wrong places.
+    // Nothing refers to a button by its number, so deleted ones are dropped and the count with them: left out
+    // alone, they would make the engine read all that follows from wrong places.
     if (row.page >= kPageDeleted) continue;
     payload.buttons.push_back(
         {.page = row.page,

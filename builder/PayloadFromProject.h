@@ -1,5 +1,5 @@
-// Turns an open project into the payload of a finished application: default names, prepared formulas, checked search
-// columns, generated HTML and the pictures' bytes. The order in the file is PayloadWalk.h's business.
+// Turns an open project into the payload of a finished application: default names, prepared formulas, checked
+// search columns, generated HTML and the pictures' bytes. The order in the file is PayloadWalk.h's business.
 #pragma once
 
 #include <string>
@@ -12,9 +12,9 @@ namespace plinth {
 
 class PictureStore;
 
-// appName: the application's name, which embedded pictures are named after. Blank object names receive their defaults in
-// the document too, search columns without an object are emptied there. `notes` receives what could not be taken along
-// (for people).
+// appName: the application's name, which embedded pictures are named after. Blank object names receive their
+// defaults in the document too, search columns without an object are emptied there. `notes` receives what
+// could not be taken along (for people).
 Payload payloadFromProject(ProjectDocument& document, const std::string& appName, PictureStore& pictures,
                            std::vector<std::string>& notes);
 

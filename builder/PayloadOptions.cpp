@@ -169,8 +169,9 @@ std::vector<PayloadFragment> payloadFragments(const ProjectDocument& document) {
     const ScriptRow& row = document.scripts[i];
     const std::string style =
         "Left:" + pixelText(row.left) + "px; POSITION: absolute; Top:" + pixelText(row.top) + "px;";
-    fragments.push_back({"<Div Width=" + quoted(pixelText(row.width)) + " Height=" + quoted(pixelText(row.height)) +
-                             " Style=" + quoted(style) + ">" + row.tag + "</Div>",
+    fragments.push_back({"<Div Width=" + quoted(pixelText(row.width)) +
+                             " Height=" + quoted(pixelText(row.height)) + " Style=" + quoted(style) + ">" +
+                             row.tag + "</Div>",
                          row.page});
   }
   return fragments;

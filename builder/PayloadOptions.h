@@ -1,4 +1,5 @@
-// The parts of a payload that come from a project's options rather than from its objects; for PayloadFromProject.
+// The parts of a payload that come from a project's options rather than from its objects; for
+// PayloadFromProject.
 #pragma once
 
 #include <array>
@@ -24,8 +25,8 @@ std::vector<PayloadFragment> payloadFragments(const ProjectDocument& document);
 std::array<PayloadTemplate, 10> payloadTemplates(const ProjectDocument& document, const std::string& appName,
                                                  const PictureStore& pictures);
 
-// The code of a search column such as "F12", "C3", "K0", "M2": n, 2000 + n, 4000 + n, 6000 + n; 0 when it names no
-// object of the document.
+// The code of a search column such as "F12", "C3", "K0", "M2": n, 2000 + n, 4000 + n, 6000 + n; 0 when it
+// names no object of the document.
 std::int16_t columnCode(const ProjectDocument& document, std::string_view column);
 
 }  // namespace plinth

@@ -1,5 +1,5 @@
-// See Stamping.h. The scans look for the first byte of a place with memchr and compare the rest only there: the engine
-// is scanned seven times for each application.
+// See Stamping.h. The scans look for the first byte of a place with memchr and compare the rest only there:
+// the engine is scanned seven times for each application.
 #include "builder/Stamping.h"
 
 #include <algorithm>
@@ -87,13 +87,12 @@ void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileP
     std::string_view placeholder;
     std::size_t comment;
   } versionTexts[] = {
-      {"COMPANY-NAME-FIELD-PLACEHOLDER-ABCDEFGHI", 0},
-      {"FILE-DESCRIPTION-FIELD-PLACEHOLDER-ABCDE", 1},
-      {"LEGAL-COPYRIGHT-FIELD-PLACEHOLDER-ABCDEF", 2},
-      {"9999012345678901234567890123456789012345", 4},
+      {"COMPANY-NAME-FIELD-PLACEHOLDER-ABCDEFGHI", 0}, {"FILE-DESCRIPTION-FIELD-PLACEHOLDER-ABCDE", 1},
+      {"LEGAL-COPYRIGHT-FIELD-PLACEHOLDER-ABCDEF", 2}, {"9999012345678901234567890123456789012345", 4},
       {"0123456789012345678901234567890123456789", 3},
   };
-  for (const auto& text : versionTexts) ReplaceBin(stub, text.placeholder, properties.comments[text.comment], codePage);
+  for (const auto& text : versionTexts)
+    ReplaceBin(stub, text.placeholder, properties.comments[text.comment], codePage);
   if (appName.size() <= kLongestStampedName) {
     ReplaceBin(stub, "Application.exe", std::string(appName) + ".exe", codePage);
   }

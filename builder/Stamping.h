@@ -1,5 +1,5 @@
-// Marks a copy of the engine as the user's own program: its version texts and its icon are written over placeholders
-// that the engine's resources hold for that purpose. Bytes in, bytes out.
+// Marks a copy of the engine as the user's own program: its version texts and its icon are written over
+// placeholders that the engine's resources hold for that purpose. Bytes in, bytes out.
 #pragma once
 
 #include <array>
@@ -14,21 +14,23 @@
 namespace plinth {
 
 // Writes `value` as UTF-16LE over every place of `image` that looks like `searchText`: cut to the length of
-// searchText, filled with zeros. A place is known by the low bytes of the first 15 characters alone. Texts are in
-// `codePage`. Returns the 0-based offset of the last match, -1 for none.
-std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_view value, int codePage = 1252);
+// searchText, filled with zeros. A place is known by the low bytes of the first 15 characters alone. Texts
+// are in `codePage`. Returns the 0-based offset of the last match, -1 for none.
+std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_view value,
+                        int codePage = 1252);
 
-// Copies the pixels of an ".ico" file (its bytes from offset 126 on) over every run of filler in the image, at most as
-// many bytes as the run is long. Returns the number of runs written.
+// Copies the pixels of an ".ico" file (its bytes from offset 126 on) over every run of filler in the image,
+// at most as many bytes as the run is long. Returns the number of runs written.
 int stampIcon(Bytes& image, std::span<const std::uint8_t> iconBytes);
 
-// Both, in order: icon, the five version texts (ProductName before LegalTrademarks, whose placeholder also occurs inside
-// the former's), and the original file name when it fits.
+// Both, in order: icon, the five version texts (ProductName before LegalTrademarks, whose placeholder also
+// occurs inside the former's), and the original file name when it fits.
 void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileProperties& properties,
                std::string_view appName, int codePage = 1252);
 
-inline constexpr std::size_t kIconPixels = 126;       // offset of the pixels in an icon of one 32x32 16-colour image
+inline constexpr std::size_t kIconPixels =
+    126;  // offset of the pixels in an icon of one 32x32 16-colour image
 inline constexpr std::uint8_t kIconFiller = 0x99;
-inline constexpr std::size_t kIconFillerRun = 11;     // this many filler bytes in a row are an icon's place
+inline constexpr std::size_t kIconFillerRun = 11;  // this many filler bytes in a row are an icon's place
 
 }  // namespace plinth

@@ -1,5 +1,5 @@
-// Any bytes as a finished application, or as the payload behind a small engine image. What reads as complete must survive
-// being written and read again.
+// Any bytes as a finished application, or as the payload behind a small engine image. What reads as complete
+// must survive being written and read again.
 #include <cstdlib>
 
 #include "builder/payload/PayloadFile.h"
@@ -11,7 +11,8 @@ constexpr std::size_t kStub = 110;
 plinth::Bytes behindStub(std::span<const std::uint8_t> payload) {
   plinth::Bytes exe(kStub - 1, 1);
   exe.insert(exe.end(), payload.begin(), payload.end());
-  for (int shift = 0; shift < 32; shift += 8) exe.push_back(static_cast<std::uint8_t>(payload.size() >> shift));
+  for (int shift = 0; shift < 32; shift += 8)
+    exe.push_back(static_cast<std::uint8_t>(payload.size() >> shift));
   return exe;
 }
 

@@ -1,5 +1,5 @@
-// The plain data of a finished application: what the designer writes behind the engine's image and all that the
-// engine knows of a project. Rows only; PayloadWalk.h holds their one order.
+// The plain data of a finished application: what the designer writes behind the engine's image and all that
+// the engine knows of a project. Rows only; PayloadWalk.h holds their one order.
 #pragma once
 
 #include <array>
@@ -12,8 +12,8 @@
 
 namespace plinth {
 
-// Geometry in twips, colours RGB with red in the low byte, font sizes in points. `page` as in the project: 0 to 4,
-// -1 all pages, 5 or more a vacant slot that keeps its index.
+// Geometry in twips, colours RGB with red in the low byte, font sizes in points. `page` as in the project: 0
+// to 4, -1 all pages, 5 or more a vacant slot that keeps its index.
 struct EmbeddedFile {
   std::string storedName;  // "" for none
   Bytes bytes;
@@ -78,7 +78,7 @@ struct PayloadFrame {
 
 struct PayloadField {
   std::uint8_t noChart = 0;
-  std::int16_t dummyField = 0;  // -1: global, stores nothing in records
+  std::int16_t dummyField = 0;     // -1: global, stores nothing in records
   std::uint8_t noDefaultDate = 0;  // also: blank when zero
   std::uint8_t lockEntry = 0;
   std::int16_t page = 5;
@@ -174,9 +174,9 @@ struct PayloadHeader {
   std::int32_t valueMax = 100;
   bool statusLineVisible = false;  // help texts go to the status line rather than to tool tips
   std::string exportExtension = "csv";
-  std::int16_t varObjects = 0;     // 1: records carry the variable-object area
+  std::int16_t varObjects = 0;  // 1: records carry the variable-object area
   float pageWidth = 9600, pageHeight = 7200;
-  std::int16_t windowState = 0;    // 2 maximised
+  std::int16_t windowState = 0;  // 2 maximised
   bool pageSize20 = false;
   std::int16_t calendar = 0;
   std::string indexCaption, statisticsCaption;
@@ -186,28 +186,29 @@ struct PayloadHeader {
   std::uint8_t languageCode = 1;
   std::string fontName = "Arial";
   std::int16_t charSet = 0;
-  std::int16_t border = 2;         // 1 sizable, else 2
+  std::int16_t border = 2;  // 1 sizable, else 2
   std::array<std::string, 60> runMessages;
   bool operator==(const PayloadHeader&) const = default;
 };
 
 // Menu captions in file order; an empty one hides its entry.
 struct PayloadMenus {
-  std::string mlist, newin, printingit, exitit, copyadress, erasefile, deletemarkrec, finden0, finden3, cal, infoo,
-      aboutit, fmenu, ops, finding, helpit, expot, copying, pasting, cuting, finden4, finden5, newview, importmenu;
+  std::string mlist, newin, printingit, exitit, copyadress, erasefile, deletemarkrec, finden0, finden3, cal,
+      infoo, aboutit, fmenu, ops, finding, helpit, expot, copying, pasting, cuting, finden4, finden5, newview,
+      importmenu;
   bool operator==(const PayloadMenus&) const = default;
 };
 
 struct PayloadApplication {
   std::int16_t dateVal2 = 4;
   float formHeight = 0, formWidth = 0;
-  std::string copyright;           // scrambled in the file
+  std::string copyright;  // scrambled in the file
   bool calVisible = false;
   std::string helpFile;
-  std::string mainPassword;        // Form8.Text5, scrambled in the file
+  std::string mainPassword;  // Form8.Text5, scrambled in the file
   PayloadMenus menus;
   std::int16_t dateVal = 4;
-  std::string webAddress;          // scrambled in the file
+  std::string webAddress;  // scrambled in the file
   std::string replaceCaption;
   std::array<std::string, 5> pageCaptions;
   std::array<PayloadProgram, 10> programs;

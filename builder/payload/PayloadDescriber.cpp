@@ -7,18 +7,25 @@ namespace plinth {
 
 std::string PayloadDescriber::letter(Tag tag) {
   switch (tag) {
-    case Tag::i2: return "I";
-    case Tag::i4: return "L";
-    case Tag::r4: return "F";
-    case Tag::boolean: return "B";
-    case Tag::ui1: return "Y";
-    case Tag::text: return "S";
+    case Tag::i2:
+      return "I";
+    case Tag::i4:
+      return "L";
+    case Tag::r4:
+      return "F";
+    case Tag::boolean:
+      return "B";
+    case Tag::ui1:
+      return "Y";
+    case Tag::text:
+      return "S";
   }
   return "?";
 }
 
 void PayloadDescriber::begin(const char* name) {
-  text_ += (text_.empty() ? "### " : "\n### ") + std::string(name) + "\n\n| Type | Content | Present |\n|---|---|---|\n";
+  text_ += (text_.empty() ? "### " : "\n### ") + std::string(name) +
+           "\n\n| Type | Content | Present |\n|---|---|---|\n";
 }
 
 void PayloadDescriber::line(const std::string& type, const std::string& name) {

@@ -16,9 +16,13 @@ class PayloadDescriber {
   const std::string& text() const { return text_; }
 
   template <class T>
-  void slot(T&, Tag tag, const char* name) { line(letter(tag), name); }
+  void slot(T&, Tag tag, const char* name) {
+    line(letter(tag), name);
+  }
   template <class T, std::size_t N>
-  void slots(std::array<T, N>&, Tag tag, const char* name) { line(std::to_string(N) + " x " + letter(tag), name); }
+  void slots(std::array<T, N>&, Tag tag, const char* name) {
+    line(std::to_string(N) + " x " + letter(tag), name);
+  }
   void paired(std::int16_t&, std::int16_t&, const char* name) { line("I", name); }
   void reserved(const char* name) { line("I", name); }
   void text(std::string&, const char* name) { line("S", name); }
@@ -26,13 +30,17 @@ class PayloadDescriber {
   void file(EmbeddedFile&, const char* name);
   void textList(std::vector<std::string>&, const char* name);
   template <std::size_t N>
-  void texts(std::array<std::string, N>&, const char* name) { line(std::to_string(N) + " x S", name); }
+  void texts(std::array<std::string, N>&, const char* name) {
+    line(std::to_string(N) + " x S", name);
+  }
   template <class Row, std::size_t N, class Walk>
   void group(std::array<Row, N>& rows, const char* name, Walk walk) {
     each(std::to_string(N) + " " + name, [&] { walk(rows[0]); });
   }
   template <class Walk>
-  void onlyIf(bool, const char* words, Walk walk) { each(words, walk); }
+  void onlyIf(bool, const char* words, Walk walk) {
+    each(words, walk);
+  }
   template <class Walk>
   void section(const char* name, Walk walk) {
     begin(name);

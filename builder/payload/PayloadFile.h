@@ -1,5 +1,5 @@
-// A finished application as bytes: the stamped engine image, the payload behind it and a four-byte trailer that tells
-// where the payload begins. Readers take what they are given: nothing in such a file is trusted.
+// A finished application as bytes: the stamped engine image, the payload behind it and a four-byte trailer
+// that tells where the payload begins. Readers take what they are given: nothing in such a file is trusted.
 #pragma once
 
 #include <cstdint>
@@ -20,9 +20,9 @@ struct PayloadResult {
   std::string problem;  // where reading stopped and why; "" when complete
 };
 
-// Reads the payload at the end of a finished application's file. exe: the whole file, stamped as it is, since text
-// lengths are told relative to bytes of the image. Counts and lengths are checked against limits and bytes left, so
-// that memory stays in proportion to the file.
+// Reads the payload at the end of a finished application's file. exe: the whole file, stamped as it is, since
+// text lengths are told relative to bytes of the image. Counts and lengths are checked against limits and
+// bytes left, so that memory stays in proportion to the file.
 PayloadResult readPayloadPart(std::span<const std::uint8_t> exe);
 
 // As readPayloadPart, but anything short of a complete payload is an error (damaged, with the problem).
@@ -38,12 +38,13 @@ struct ApplicationImage {
 using SectionDone = std::function<bool(int done, int total)>;
 
 // Puts a payload behind a stamped engine image. The payload's first slot begins on the image's last byte.
-// Tables longer than the format's limits are an error (full), as is a stub shorter than kSmallestStub (damaged);
-// giving up is an error too (failed).
+// Tables longer than the format's limits are an error (full), as is a stub shorter than kSmallestStub
+// (damaged); giving up is an error too (failed).
 Result<ApplicationImage> writeApplication(Bytes stampedStub, const Payload& payload,
                                           const SectionDone& sectionDone = {});
 
-// The bias bytes of the texts stand at every second position from here on (1-based), and an image must hold the first.
+// The bias bytes of the texts stand at every second position from here on (1-based), and an image must hold
+// the first.
 inline constexpr std::int64_t kBiasStart = 100;
 inline constexpr std::size_t kSmallestStub = 102;
 

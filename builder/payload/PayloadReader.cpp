@@ -122,8 +122,8 @@ PayloadResult readPayloadPart(std::span<const std::uint8_t> exe) {
   walkPayload(reader, result.payload);
   result.problem = reader.problem();
   if (reader.ok() && reader.position() != end) {
-    result.problem = "the payload ends at position " + std::to_string(reader.position()) + " rather than at " +
-                     std::to_string(end);
+    result.problem = "the payload ends at position " + std::to_string(reader.position()) +
+                     " rather than at " + std::to_string(end);
   }
   result.complete = result.problem.empty();
   return result;

@@ -1,5 +1,5 @@
-// Reads a payload by its walk. The first element that cannot be read ends the reading: what follows would be read from
-// wrong places, so rows that are not whole are dropped and the rest keeps its defaults.
+// Reads a payload by its walk. The first element that cannot be read ends the reading: what follows would be
+// read from wrong places, so rows that are not whole are dropped and the rest keeps its defaults.
 #pragma once
 
 #include <array>
@@ -15,7 +15,8 @@ namespace plinth {
 
 class PayloadReader {
  public:
-  // exe: the whole file, which the bias bytes are taken from. The payload lies from `start` (1-based) to before `end`.
+  // exe: the whole file, which the bias bytes are taken from. The payload lies from `start` (1-based) to
+  // before `end`.
   PayloadReader(std::span<const std::uint8_t> exe, std::int64_t start, std::int64_t end);
 
   bool ok() const { return problem_.empty(); }

@@ -1,6 +1,6 @@
-// The one order of a payload: each element once, with its type and its condition. PayloadReader, PayloadWriter and
-// PayloadDescriber walk it; P is const Payload when the archive writes. Changing anything here changes the format that
-// finished applications are read by.
+// The one order of a payload: each element once, with its type and its condition. PayloadReader,
+// PayloadWriter and PayloadDescriber walk it; P is const Payload when the archive writes. Changing anything
+// here changes the format that finished applications are read by.
 #pragma once
 
 #include "builder/payload/PayloadWalkApplication.h"
@@ -60,7 +60,8 @@ void walkPayload(Archive& ar, P& p) {
   ar.section("Check boxes", [&] { ar.rows(p.checks, 0, 2000, [&](auto& row) { walkCheck(ar, row); }); });
   ar.section("Buttons", [&] { ar.rows(p.buttons, 0, 2000, [&](auto& row) { walkButton(ar, row); }); });
   ar.section("Application", [&] { walkApplication(ar, p.application); });
-  ar.section("HTML fragments", [&] { ar.rows(p.fragments, 1, 2000, [&](auto& row) { walkFragment(ar, row); }); });
+  ar.section("HTML fragments",
+             [&] { ar.rows(p.fragments, 1, 2000, [&](auto& row) { walkFragment(ar, row); }); });
   ar.section("Documents and page colours", [&] { walkDocuments(ar, p); });
   ar.section("Reports", [&] { ar.reports(p.reports, 21); });
   ar.section("Background", [&] { ar.file(p.background, "background picture"); });

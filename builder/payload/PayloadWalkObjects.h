@@ -1,5 +1,5 @@
-// The order of the objects' rows in a payload. Which flag stands where is settled by the order of the project's rows:
-// lock, print, no search.
+// The order of the objects' rows in a payload. Which flag stands where is settled by the order of the
+// project's rows: lock, print, no search.
 #pragma once
 
 #include "builder/payload/Payload.h"

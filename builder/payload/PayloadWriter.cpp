@@ -38,7 +38,8 @@ void PayloadWriter::text(const std::string& value, const char* name) {
     error_ = {ErrorKind::damaged, place(name) + ": the engine's image is too short"};
     return;
   }
-  if (writer_.biasedText(value, image_[static_cast<std::size_t>(biasPos_ - 1)]) > 0) cutTexts_.push_back(place(name));
+  if (writer_.biasedText(value, image_[static_cast<std::size_t>(biasPos_ - 1)]) > 0)
+    cutTexts_.push_back(place(name));
 }
 
 void PayloadWriter::scrambled(const std::string& value, const char* name) { text(scrambleText(value), name); }
@@ -104,8 +105,10 @@ void PayloadWriter::trailer() {
   writer_.i32(static_cast<std::int32_t>(payloadLength));
 }
 
-Result<ApplicationImage> writeApplication(Bytes stampedStub, const Payload& payload, const SectionDone& sectionDone) {
-  if (stampedStub.size() < kSmallestStub) return Error{ErrorKind::damaged, "the engine's image is missing or damaged"};
+Result<ApplicationImage> writeApplication(Bytes stampedStub, const Payload& payload,
+                                          const SectionDone& sectionDone) {
+  if (stampedStub.size() < kSmallestStub)
+    return Error{ErrorKind::damaged, "the engine's image is missing or damaged"};
   ApplicationImage image{std::move(stampedStub), {}};
   PayloadWriter writer(image.bytes, image.cutTexts, sectionDone);
   walkPayload(writer, payload);

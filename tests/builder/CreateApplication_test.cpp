@@ -1,4 +1,5 @@
-// Create Application on files in memory: names, folders, what is kept and what goes, and the finished file read back.
+// Create Application on files in memory: names, folders, what is kept and what goes, and the finished file
+// read back.
 #include "builder/CreateApplication.h"
 
 #include <gtest/gtest.h>
@@ -64,11 +65,12 @@ TEST_F(CreateApplication, WritesAnExecutableInAFolderOfItsName) {
     std::string typed, appName;
     CreateStatus status;
   };
-  const Case cases[] = {{"my.app", "my", CreateStatus::created},   {"Address Book", "Address Book", CreateStatus::created},
-                        {"  ", "", CreateStatus::noName},          {"..", "", CreateStatus::badName},
-                        {".app", "", CreateStatus::badName},       {"../../up", "up", CreateStatus::created},
-                        {"C:\\a\\b.c", "b", CreateStatus::created}, {"con", "_con", CreateStatus::created},
-                        {"/", "", CreateStatus::badName},          {"end .x", "end", CreateStatus::created}};
+  const Case cases[] = {
+      {"my.app", "my", CreateStatus::created},    {"Address Book", "Address Book", CreateStatus::created},
+      {"  ", "", CreateStatus::noName},           {"..", "", CreateStatus::badName},
+      {".app", "", CreateStatus::badName},        {"../../up", "up", CreateStatus::created},
+      {"C:\\a\\b.c", "b", CreateStatus::created}, {"con", "_con", CreateStatus::created},
+      {"/", "", CreateStatus::badName},           {"end .x", "end", CreateStatus::created}};
   for (const Case& one : cases) {
     files.disk->files.clear();
     files.disk->folders.clear();
@@ -99,14 +101,14 @@ TEST_F(CreateApplication, RefusesRecordsOfLessThanThirtyCharacters) {
 }
 
 TEST_F(CreateApplication, EmptiesAnEarlierBuildButKeepsWhatItsUserMade) {
-  for (const char* name : {"app.exe", "app.chm", "0.jpg", "notes0001", "old.txt", "app1.bmp", "app.dbd", "APP0001",
-                           "second.DBD", "second0012", "app.cfg", "Pics/a.jpg"}) {
+  for (const char* name : {"app.exe", "app.chm", "0.jpg", "notes0001", "old.txt", "app1.bmp", "app.dbd",
+                           "APP0001", "second.DBD", "second0012", "app.cfg", "Pics/a.jpg"}) {
     files.put(std::string("/out/app/") + name, name);
   }
   files.put("/out/outside.txt", "x");
   ASSERT_TRUE(run(named("app")).ok());
-  EXPECT_EQ(files.list("/out/app"), (std::vector<std::string>{"APP0001", "app.cfg", "app.dbd", "app.exe", "second.DBD",
-                                                             "second0012"}));
+  EXPECT_EQ(files.list("/out/app"), (std::vector<std::string>{"APP0001", "app.cfg", "app.dbd", "app.exe",
+                                                              "second.DBD", "second0012"}));
   EXPECT_TRUE(files.exists("/out/app/Pics/a.jpg"));
   EXPECT_TRUE(files.exists("/out/outside.txt"));
   EXPECT_TRUE(messages.shown.empty());
@@ -166,7 +168,9 @@ TEST_F(CreateApplication, BringsHelpToolImagesAndDefaultImageAlong) {
 
 TEST_F(CreateApplication, StampsTheChosenIconElseTheProjectsElseTheDefault) {
   std::fill_n(stub.begin() + 500, 640, std::uint8_t{0x99});
-  const auto stamped = [&](const CreateRequest& request) { return files.read(run(request).executable)->at(600); };
+  const auto stamped = [&](const CreateRequest& request) {
+    return files.read(run(request).executable)->at(600);
+  };
   EXPECT_EQ(stamped(named("app")), 5);
   document.appIcon = Bytes(766, 6);
   EXPECT_EQ(stamped(named("app")), 6);

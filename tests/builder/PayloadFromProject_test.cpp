@@ -42,7 +42,8 @@ TEST(PayloadFromProject, NamesStoredPicturesInOneRunningOrder) {
   document.pictures[0].picturePath = *pictures.put("logo.bmp", Bytes{1});
   document.pictures[1].picturePath = "gone.gif";
   document.pictures[2].picturePath = *pictures.put("sample.jpg", Bytes{2});
-  document.pictures[2].picFlag = true;  // shows a picture of each record: the sample is not part of the application
+  document.pictures[2].picFlag =
+      true;  // shows a picture of each record: the sample is not part of the application
   document.pictures[3].picturePath = *pictures.put("old.png", Bytes{3});
   document.pictures[3].page = kPageVacant;
   document.pictures[4].picturePath = *pictures.put("photo.jpeg", Bytes{4});
@@ -64,8 +65,9 @@ TEST(PayloadFromProject, TakesOnlyColumnsThatNameAnObject) {
   document.combos.resize(4);
   document.memos.resize(3);
   document.checks.resize(2);
-  const std::pair<const char*, int> cases[] = {{"F12", 12}, {"F13", 0}, {"f1", 1},    {"C3", 2003}, {"C4", 0}, {"K0", 4000},
-                                               {"K2", 0},   {"M2", 6002}, {"F0", 0}, {"X1", 0},   {"F-1", 0}};
+  const std::pair<const char*, int> cases[] = {{"F12", 12}, {"F13", 0},   {"f1", 1}, {"C3", 2003},
+                                               {"C4", 0},   {"K0", 4000}, {"K2", 0}, {"M2", 6002},
+                                               {"F0", 0},   {"X1", 0},    {"F-1", 0}};
   for (std::size_t i = 0; i < 11; ++i) document.search.text1[i] = cases[i].first;
   const Payload payload = make(document, pictures);
   for (std::size_t i = 0; i < 11; ++i) {
@@ -114,11 +116,13 @@ TEST(PayloadFromProject, TurnsScriptsIntoHtmlAndTemplatesIntoXml) {
   document.documents[2] = {"txt", *pictures.put("letter.txt", Bytes{'h', 'i'}), "Letter"};
   document.documents[3] = {"", "body", "No extension"};
   const Payload payload = make(document, pictures);
-  EXPECT_EQ(payload.fragments[1].html,
-            "<Div Width=\"100\" Height=\"2\" Style=\"Left:10px; POSITION: absolute; Top:20px;\"><b>x</b></Div>");
+  EXPECT_EQ(
+      payload.fragments[1].html,
+      "<Div Width=\"100\" Height=\"2\" Style=\"Left:10px; POSITION: absolute; Top:20px;\"><b>x</b></Div>");
   EXPECT_EQ(payload.fragments[1].page, 2);
   EXPECT_EQ(payload.templates[0].body,
-            "<?xml version=\"1.0\" ?>\r\n<app_Record_>\r\n  <Name>:1F</Name>\r\n  <VIP>:0K</VIP>\r\n</app_Record_>\r\n");
+            "<?xml version=\"1.0\" ?>\r\n<app_Record_>\r\n  <Name>:1F</Name>\r\n  "
+            "<VIP>:0K</VIP>\r\n</app_Record_>\r\n");
   std::vector<std::string> captions;
   for (int i = 0; i < 4; ++i) captions.push_back(payload.templates[i].caption);
   EXPECT_EQ(captions, (std::vector<std::string>{"Record", "", "Letter", ""}));

@@ -45,7 +45,8 @@ std::int64_t plainReplace(Bytes& image, std::string_view search, std::string_vie
   std::int64_t last = -1;
   for (std::size_t i = 1; i + 81 <= image.size(); ++i) {
     bool same = true;
-    for (std::size_t k = 0; k < 15; ++k) same = same && image[i + 2 * k] == static_cast<std::uint8_t>(search[k]);
+    for (std::size_t k = 0; k < 15; ++k)
+      same = same && image[i + 2 * k] == static_cast<std::uint8_t>(search[k]);
     if (!same) continue;
     std::copy(stamp.begin(), stamp.end(), image.begin() + static_cast<std::ptrdiff_t>(i));
     last = static_cast<std::int64_t>(i);
@@ -68,7 +69,8 @@ TEST(Stamping, EqualsAPlainScanOfEveryOffset) {
     image.resize(3000);
     Bytes expected = image;
     for (const std::string_view search : {kProduct, kTrademarks}) {
-      EXPECT_EQ(ReplaceBin(image, search, "0123456789012345 new"), plainReplace(expected, search, "0123456789012345 new"));
+      EXPECT_EQ(ReplaceBin(image, search, "0123456789012345 new"),
+                plainReplace(expected, search, "0123456789012345 new"));
       ASSERT_EQ(image, expected);
     }
   }
@@ -84,8 +86,9 @@ TEST(Stamping, WritesVersionTextsOverTheirPlaces) {
   };
   for (const Case& one : {Case{"my", "my.exe", 18}, Case{"elevenchars", "elevenchars.exe", 0},
                           Case{"twelve-chars", "Application.exe", 0}}) {
-    Bytes stub = stubWith({kCompany, "FILE-DESCRIPTION-FIELD-PLACEHOLDER-ABCDE",
-                           "LEGAL-COPYRIGHT-FIELD-PLACEHOLDER-ABCDEF", kTrademarks, "Application.exe", kProduct});
+    Bytes stub =
+        stubWith({kCompany, "FILE-DESCRIPTION-FIELD-PLACEHOLDER-ABCDE",
+                  "LEGAL-COPYRIGHT-FIELD-PLACEHOLDER-ABCDEF", kTrademarks, "Application.exe", kProduct});
     const std::size_t size = stub.size();
     stampStub(stub, {}, properties, one.appName);
     EXPECT_EQ(stub.size(), size);
@@ -112,10 +115,11 @@ TEST(Stamping, PutsTheIconOverFillersOnly) {
     int stamped;
     std::size_t written;
   };
-  for (const Case& one : {Case{"whole", 20, 640, 640, 1, 640}, Case{"cut to the filler", 20, 640, 9000, 1, 640},
-                          Case{"too short a run", 20, 10, 640, 0, 0}, Case{"just a run", 20, 11, 640, 1, 11},
-                          Case{"again behind a short icon", 20, 640, 192, 4, 640},
-                          Case{"less than a run is left", 20, 45, 40, 1, 40}, Case{"no pixels", 20, 640, 0, 0, 0}}) {
+  for (const Case& one :
+       {Case{"whole", 20, 640, 640, 1, 640}, Case{"cut to the filler", 20, 640, 9000, 1, 640},
+        Case{"too short a run", 20, 10, 640, 0, 0}, Case{"just a run", 20, 11, 640, 1, 11},
+        Case{"again behind a short icon", 20, 640, 192, 4, 640},
+        Case{"less than a run is left", 20, 45, 40, 1, 40}, Case{"no pixels", 20, 640, 0, 0, 0}}) {
     Bytes image(one.before, 0x44);
     image.insert(image.end(), one.filler, kIconFiller);
     image.insert(image.end(), 30, 0x44);

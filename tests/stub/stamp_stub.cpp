@@ -20,6 +20,6 @@ int main(int argc, char** argv) {
   properties.comments = {"Ex\xE4mple Company", "A description that is longer than forty characters", "",
                          "Trademarks of 0123456789", "Product"};
   plinth::stampStub(stub, load(argv[2]), properties, argv[3]);
-  std::ofstream(argv[4], std::ios::binary).write(reinterpret_cast<const char*>(stub.data()),
-                                                 static_cast<std::streamsize>(stub.size()));
+  std::ofstream(argv[4], std::ios::binary)
+      .write(reinterpret_cast<const char*>(stub.data()), static_cast<std::streamsize>(stub.size()));
 }

@@ -1,4 +1,5 @@
-// An archive that gives every element of a payload a value of its own: what is not carried to the file and back shows.
+// An archive that gives every element of a payload a value of its own: what is not carried to the file and
+// back shows.
 #pragma once
 
 #include <random>
@@ -38,7 +39,8 @@ class PayloadFiller {
   void scrambled(std::string& value, const char* name) { text(value, name); }
   void file(EmbeddedFile& file, const char*) {
     if (number(0, 1) == 0) return;
-    file = {"x" + std::to_string(number(0, 99)) + ".bmp", Bytes(static_cast<std::size_t>(number(0, 300)), 0x55)};
+    file = {"x" + std::to_string(number(0, 99)) + ".bmp",
+            Bytes(static_cast<std::size_t>(number(0, 300)), 0x55)};
   }
   void textList(std::vector<std::string>& items, const char* name) {
     items.resize(static_cast<std::size_t>(number(0, 4)));
@@ -57,7 +59,9 @@ class PayloadFiller {
     if (condition) walk();
   }
   template <class Walk>
-  void section(const char*, Walk walk) { walk(); }
+  void section(const char*, Walk walk) {
+    walk();
+  }
   template <class Row, class Walk>
   void rows(std::vector<Row>& rows, int first, int, Walk walk) {
     rows.resize(static_cast<std::size_t>(first));

@@ -1,4 +1,5 @@
-// The bytes of finished applications: elements by hand, every element there and back, and damage of all kinds.
+// The bytes of finished applications: elements by hand, every element there and back, and damage of all
+// kinds.
 #include "builder/payload/PayloadFile.h"
 
 #include <gtest/gtest.h>
@@ -37,7 +38,8 @@ Bytes part(const Bytes& image, std::size_t offset, std::size_t length) {
 Bytes cutTo(const Bytes& image, std::size_t length) {
   Bytes cut = part(image, 0, length);
   const auto payloadLength = static_cast<std::uint32_t>(length + 1 - kStub);
-  for (int shift = 0; shift < 32; shift += 8) cut.push_back(static_cast<std::uint8_t>(payloadLength >> shift));
+  for (int shift = 0; shift < 32; shift += 8)
+    cut.push_back(static_cast<std::uint8_t>(payloadLength >> shift));
   return cut;
 }
 
@@ -53,11 +55,13 @@ TEST(PayloadFile, LaysElementsOutAsComputedByHand) {
   EXPECT_EQ(part(image, 999 + 16, 6), (Bytes{3, 0, 0xFE, 0xFF, 0xFF, 0xFF}));
   EXPECT_EQ(part(image, 999 + 32, 4), (Bytes{11, 0, 0xFF, 0xFF}));
   EXPECT_EQ(part(image, 999 + 48, 5), (Bytes{3 + 101, 0, 'c', 's', 'v'}));  // position 102 holds byte 101
-  // The background's name is text 255 of an application without objects: its bias is at 100 + 510, byte 609 & 255.
+  // The background's name is text 255 of an application without objects: its bias is at 100 + 510, byte 609 &
+  // 255.
   const std::size_t end = image.size() - 4;
   EXPECT_EQ(part(image, end - 14, 14), (Bytes{5 + 97, 0, 'b', '.', 'g', 'i', 'f', 2, 0, 0, 0, 7, 8, 9}));
   const std::size_t length = end - 999;
-  EXPECT_EQ(part(image, end, 4), (Bytes{static_cast<std::uint8_t>(length), static_cast<std::uint8_t>(length >> 8), 0, 0}));
+  EXPECT_EQ(part(image, end, 4),
+            (Bytes{static_cast<std::uint8_t>(length), static_cast<std::uint8_t>(length >> 8), 0, 0}));
 }
 
 TEST(PayloadFile, ConcealsSomeTextsAndBringsThemBack) {
@@ -137,7 +141,8 @@ TEST(PayloadFile, SurvivesAnyChangedBytes) {
   std::mt19937 random(6);
   for (int round = 0; round < 1500; ++round) {
     Bytes changed = image;
-    for (int i = 0; i < 3; ++i) changed[kStub - 1 + random() % (image.size() - kStub + 1)] = static_cast<std::uint8_t>(random());
+    for (int i = 0; i < 3; ++i)
+      changed[kStub - 1 + random() % (image.size() - kStub + 1)] = static_cast<std::uint8_t>(random());
     readPayloadPart(changed);
   }
 }
@@ -166,7 +171,8 @@ TEST(PayloadFile, IsDescribedByItsDocumentation) {
   std::stringstream page;
   page << file.rdbuf();
   EXPECT_NE(page.str().find(describePayload()), std::string::npos)
-      << "docs/formats/payload.md must hold these tables:\n" << describePayload();
+      << "docs/formats/payload.md must hold these tables:\n"
+      << describePayload();
 }
 
 }  // namespace
