@@ -76,6 +76,7 @@ struct Wide {
 };
 
 Wide product(U128 a, U128 b) {
+  if (a >> 64 == 0 && b >> 64 == 0) return Wide(a * b);
   Wide out{0};
   for (int shift = 2; shift >= 0; --shift) {
     for (int i = static_cast<int>(out.words.size()) - 1; i > 0; --i) out.words[i] = out.words[i - 1];

@@ -83,6 +83,7 @@ double val(std::string_view text) {
   std::size_t start = 0;
   while (start < text.size() && isPassedOver(text[start])) ++start;
   text.remove_prefix(start);
+  while (!text.empty() && isPassedOver(text.back())) text.remove_suffix(1);  // records pad their texts
   if (text.empty()) return 0;
   if (text[0] == '&') {
     std::size_t at = 1;

@@ -24,6 +24,8 @@ bool isListed(std::string_view list, unsigned char c, bool& valid) {
   return found;
 }
 
+bool isLiteral(char c) { return c != '?' && c != '#' && c != '[' && c != '*'; }
+
 enum class Fit { yes, no, malformed };
 
 // Whether `c` fits the element at `at`, which moves behind it. REQUIRES an element other than "*" and "[]".
@@ -68,7 +70,10 @@ bool wildcardMatch(std::string_view text, std::string_view pattern) {
     }
     if (starPattern == kNone || starText == text.size()) return false;
     p = starPattern;
-    t = ++starText;
+    ++starText;
+    if (isLiteral(pattern[p])) starText = text.find(pattern[p], starText);
+    if (starText == kNone) return false;
+    t = starText;
   }
 }
 
