@@ -1,0 +1,250 @@
+// What the person does in a box, as the session's plain events; and how the boxes that we draw ourselves look.
+#include "engine/win32/BoxWindows.h"
+
+#include <commctrl.h>
+
+#include "engine/win32/Keyboard.h"
+#include "engine/win32/Window.h"
+#include "platform/win32/GdiBitmap.h"
+#include "platform/win32/Win32Text.h"
+#include "widgets/PagePainter.h"
+
+namespace plinth {
+namespace {
+
+// Ctrl+A, C, V, X, Z reach an edit window as characters; they are commands and no text.
+bool isEditCommand(wchar_t ch) { return ch == 3 || ch == 22 || ch == 24 || ch == 26; }
+
+DWORD caretOf(HWND edit) {
+  DWORD caret = 0;
+  ::SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&caret), 0);
+  return caret;
+}
+
+}  // namespace
+
+LRESULT CALLBACK BoxWindows::subclass(HWND window, UINT message, WPARAM wide, LPARAM param, UINT_PTR id,
+                                      DWORD_PTR self) {
+  if (message == WM_NCDESTROY) ::RemoveWindowSubclass(window, subclass, id);
+  std::optional<LRESULT> result;
+  guarded([&] {
+    result = reinterpret_cast<BoxWindows*>(self)->boxMessage(window, message, wide, param, boxOfId(static_cast<int>(id)));
+  });
+  return result ? *result : ::DefSubclassProc(window, message, wide, param);
+}
+
+std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM wide, LPARAM param, BoxId box) {
+  switch (message) {
+    case WM_KEYDOWN:
+      if (keyDown(window, box, static_cast<int>(wide))) return 0;
+      break;
+    case WM_SYSKEYDOWN:
+      if (box.type == BoxType::field && wide == VK_DOWN && dateButtons_[static_cast<std::size_t>(box.index)]) {
+        host_.openCalendar(box.index);
+        return 0;
+      }
+      break;
+    case WM_CHAR: {
+      const std::optional<wchar_t> ch = keyPress(window, box, static_cast<wchar_t>(wide));
+      if (!ch) return 0;
+      return ::DefSubclassProc(window, message, *ch, param);
+    }
+    case WM_PAINT:
+      if (box.type != BoxType::check) break;
+      paintCheck(window, box.index);
+      return 0;
+    case WM_ERASEBKGND:
+      if (box.type == BoxType::check) return 1;
+      break;
+    case WM_MOUSEWHEEL:
+      // A wheel over a closed combo scrolls the page; it must not change the record unasked.
+      if (box.type == BoxType::combo && !::SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0))
+        return ::SendMessageW(page_, message, wide, param);
+      break;
+    default: break;
+  }
+  return std::nullopt;
+}
+
+// True when the key is used up.
+bool BoxWindows::keyDown(HWND window, BoxId box, int key) {
+  const KeyEvent event = keyEvent(key);
+  KeyResult result;
+  host_.act([&] {
+    RecordSession& session = host_.session();
+    if (box.type == BoxType::field) result = session.fieldKeyDown(box.index, event);
+    if (box.type == BoxType::combo) result = session.comboKeyDown(box.index, event);
+    if (box.type == BoxType::memo) result = session.memoKeyDown(box.index, event);
+  });
+  if (!result.insert.empty())
+    ::SendMessageW(window, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide(result.insert).c_str()));
+  if (result.scroll != 0) host_.scrollPage(result.scroll);
+  return result.swallow || !result.insert.empty();
+}
+
+// The character for the edit window in place of a typed one; none: it is used up.
+std::optional<wchar_t> BoxWindows::keyPress(HWND window, BoxId box, wchar_t ch) {
+  if (box.type != BoxType::field && box.type != BoxType::combo && box.type != BoxType::memo) return ch;
+  if (ch == 1) {
+    ::SendMessageW(window, EM_SETSEL, 0, -1);
+    return std::nullopt;
+  }
+  if (isEditCommand(ch)) return ch;
+  // The Esc key sends the same code as a Ctrl combination that stands for a character.
+  if (ch == VK_ESCAPE && ::GetKeyState(VK_CONTROL) >= 0) return std::nullopt;
+  const std::string bytes = fromWide(std::wstring_view(&ch, 1), app().codePage);
+  if (bytes == "?" && ch != L'?') {
+    // No record of this application could hold it.
+    ::MessageBeep(MB_OK);
+    return std::nullopt;
+  }
+  if (box.type == BoxType::memo || bytes.size() != 1) return ch;
+  const auto typed = static_cast<unsigned char>(bytes[0]);
+  const int caret = static_cast<int>(caretOf(window));
+  unsigned char taken = 0;
+  host_.act([&] {
+    taken = box.type == BoxType::field ? host_.session().fieldKeyPress(box.index, typed, caret)
+                                       : host_.session().comboKeyPress(box.index, typed, caret);
+  });
+  if (taken == 0) return std::nullopt;
+  if (taken == typed) return ch;
+  const std::wstring other = wide(std::string_view(reinterpret_cast<const char*>(&taken), 1));
+  return other.empty() ? std::nullopt : std::optional<wchar_t>(other[0]);
+}
+
+void BoxWindows::gotFocus(BoxId box, HWND control) {
+  host_.focusMoved(control);
+  host_.later([this, box] {
+    RecordSession& session = host_.session();
+    if (box.type == BoxType::field) session.fieldGotFocus(box.index);
+    if (box.type == BoxType::combo) session.comboGotFocus(box.index);
+    if (box.type == BoxType::memo) session.memoGotFocus(box.index);
+    if (box.type == BoxType::check) session.checkGotFocus(box.index);
+  });
+}
+
+void BoxWindows::edited(BoxId box, HWND control) {
+  if (showing_) return;
+  const std::string now = text(control);
+  host_.act([&] {
+    if (box.type == BoxType::field) host_.session().fieldEdited(box.index, now);
+    if (box.type == BoxType::memo) host_.session().memoEdited(box.index, now);
+    if (box.type == BoxType::combo) host_.session().comboEdited(box.index, now);
+  });
+}
+
+void BoxWindows::comboNotice(int n, int notice, HWND control) {
+  const BoxId box{BoxType::combo, n};
+  if (notice == CBN_SETFOCUS) gotFocus(box, control);
+  if (notice == CBN_EDITCHANGE) edited(box, control);
+  if (notice != CBN_SELCHANGE || showing_) return;
+  const auto row = static_cast<WPARAM>(::SendMessageW(control, CB_GETCURSEL, 0, 0));
+  const LRESULT length = ::SendMessageW(control, CB_GETLBTEXTLEN, row, 0);
+  if (length < 0) return;
+  std::wstring chosen(static_cast<std::size_t>(length) + 1, L'\0');
+  ::SendMessageW(control, CB_GETLBTEXT, row, reinterpret_cast<LPARAM>(chosen.data()));
+  chosen.resize(static_cast<std::size_t>(length));
+  const std::string bytes = fromWide(chosen, app().codePage);
+  host_.act([&] { host_.session().comboClick(n, bytes); });
+  // A refused choice must not stay in the box.
+  showCombo(n);
+}
+
+bool BoxWindows::command(int id, int notice, HWND control) {
+  const BoxId box = boxOfId(id);
+  switch (box.type) {
+    case BoxType::none: return false;
+    case BoxType::combo: comboNotice(box.index, notice, control); return true;
+    case BoxType::field:
+    case BoxType::memo:
+      if (notice == EN_SETFOCUS) gotFocus(box, control);
+      if (notice == EN_CHANGE) edited(box, control);
+      if (notice == EN_KILLFOCUS && box.type == BoxType::field)
+        host_.later([this, box] { host_.session().fieldLostFocus(box.index); });
+      return true;
+    case BoxType::check:
+      if (notice == BN_SETFOCUS) gotFocus(box, control);
+      if (notice == BN_CLICKED) host_.act([&] { host_.session().checkClick(box.index); });
+      if (notice == BN_SETFOCUS || notice == BN_KILLFOCUS) ::InvalidateRect(control, nullptr, FALSE);
+      return true;
+    case BoxType::button:
+      if (notice == BN_SETFOCUS) host_.focusMoved(control);
+      if (notice == BN_CLICKED) host_.act([&] { host_.session().commandClick(box.index); });
+      return true;
+    case BoxType::dateButton:
+      if (notice == BN_CLICKED) host_.openCalendar(box.index);
+      return true;
+  }
+  return false;
+}
+
+void BoxWindows::commitFocus() {
+  const HWND focus = ::GetFocus();
+  const BoxId box = focus && ::GetParent(focus) == page_ ? boxOfId(::GetDlgCtrlID(focus)) : BoxId{};
+  if (box.type != BoxType::field) return;
+  host_.session().fieldLostFocus(box.index);
+  host_.session().fieldGotFocus(box.index);
+}
+
+HBRUSH BoxWindows::colors(HDC dc, HWND control) {
+  // The list and the edit line of a combo are windows of their own inside it.
+  const HWND owner = ::GetParent(control) == page_ ? control : ::GetParent(control);
+  const BoxId box = boxOfId(::GetDlgCtrlID(owner));
+  std::int32_t fore = 0, back = 0xFFFFFF;
+  const auto take = [&](const auto& row) {
+    fore = plainColor(row.foreColor);
+    back = plainColor(row.backColor);
+  };
+  if (box.type == BoxType::field && box.index <= app().fieldCount()) take(app().field(box.index));
+  else if (box.type == BoxType::combo && box.index <= app().comboCount()) take(app().combo(box.index));
+  else if (box.type == BoxType::memo && box.index <= app().memoCount()) take(app().memo(box.index));
+  else return nullptr;
+  ::SetTextColor(dc, gdiColor(fore));
+  ::SetBkColor(dc, gdiColor(back));
+  BrushHandle& brush = brushes_[gdiColor(back)];
+  if (!brush) brush = BrushHandle(::CreateSolidBrush(gdiColor(back)));
+  return brush.get();
+}
+
+void BoxWindows::paintCheck(HWND window, int n) const {
+  const RectPx place = layout_.check(n);
+  const RECT corner = device(place);
+  BufferedPaint paint(window);
+  GdiCanvas canvas(paint.dc(), host_.scale(), {-corner.left, -corner.top});
+  const bool checked = ::SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
+  paintItem(CheckItem{place, checked, app().check(n).appearance != 0}, canvas);
+  if (::GetFocus() == window)
+    canvas.box(place, {LineStyle::solid, 1, static_cast<std::int32_t>(::GetSysColor(COLOR_HIGHLIGHT))},
+               {FillStyle::none, 0, false, 0});
+}
+
+bool BoxWindows::drawItem(const DRAWITEMSTRUCT& item) {
+  const BoxId box = boxOfId(static_cast<int>(item.CtlID));
+  if (box.type != BoxType::button && box.type != BoxType::dateButton) return false;
+  ButtonItem look;
+  look.pressed = (item.itemState & ODS_SELECTED) != 0;
+  look.focused = (item.itemState & ODS_FOCUS) != 0;
+  look.enabled = (item.itemState & ODS_DISABLED) == 0;
+  if (box.type == BoxType::button) {
+    const PayloadButton& row = app().button(box.index);
+    look.rect = layout_.button(box.index);
+    look.caption = row.caption;
+    look.font = layout_.font(row.font);
+    look.foreColor = plainColor(row.foreColor);
+    look.backColor = plainColor(row.backColor);
+    look.icon = buttonIconOf(row.image);
+  } else {
+    look.rect = layout_.dateButton(box.index);
+    look.icon = ButtonIcon::calendar;
+    look.foreColor = 0x404040;
+  }
+  const RECT corner = device(look.rect);
+  GdiBitmap buffer(SizePx{static_cast<int>(item.rcItem.right), static_cast<int>(item.rcItem.bottom)});
+  GdiCanvas canvas(buffer.ok() ? buffer.dc() : item.hDC, host_.scale(), {-corner.left, -corner.top});
+  paintItem(look, canvas);
+  if (buffer.ok())
+    ::BitBlt(item.hDC, 0, 0, item.rcItem.right, item.rcItem.bottom, buffer.dc(), 0, 0, SRCCOPY);
+  return true;
+}
+
+}  // namespace plinth

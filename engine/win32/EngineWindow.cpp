@@ -1,0 +1,247 @@
+// The frame and its parts: made once, arranged anew with each size and scale.
+#include "engine/win32/EngineWindow.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/win32/ControlIds.h"
+#include "engine/win32/EngineDialogs.h"
+#include "platform/win32/Win32Text.h"
+#include "widgets/PagePainter.h"
+
+namespace plinth {
+namespace {
+
+constexpr int kTabHigh = 26, kTabWide = 96, kLeastTwips = 2000;
+constexpr UINT_PTR kClockTimer = 2;
+const FontSpec kTabFont{"Arial", 9, false, false, false, 0};
+
+}  // namespace
+
+EngineWindow::EngineWindow(const EngineWindowServices& services) : services_(services) {}
+
+// Children go before the parts that their messages reach.
+EngineWindow::~EngineWindow() {
+  if (handle()) ::DestroyWindow(handle());
+}
+
+bool EngineWindow::makeFrame() {
+  const Application& app = application();
+  const WindowDc screen(nullptr);
+  scale_ = ::GetDeviceCaps(screen.get(), LOGPIXELSX) / 96.0;
+  Request request;
+  request.className = L"Form2";
+  const std::wstring title = toWide(session_->windowTitle(), app.codePage);
+  request.title = title.c_str();
+  request.style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+  if (app.sizable) request.style |= WS_THICKFRAME | WS_MAXIMIZEBOX;
+  request.style |= WS_MINIMIZEBOX;
+  if (!app.minimiseAllowed) request.style &= ~static_cast<DWORD>(WS_MINIMIZEBOX | WS_MAXIMIZEBOX);
+  request.extended = WS_EX_CONTROLPARENT;
+  request.place = {0, 0, 640, 480};
+  return create(request);
+}
+
+// The size of the design, but never beyond the screen; without one the page decides.
+SIZE EngineWindow::frameSize() const {
+  const PayloadApplication& block = application().payload.application;
+  RECT work = {};
+  ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  const SIZE page = page_->size();
+  RECT frame{0, 0, page.cx, page.cy};
+  ::AdjustWindowRectEx(&frame, static_cast<DWORD>(::GetWindowLongW(handle(), GWL_STYLE)), menu_.get() != nullptr, 0);
+  const auto px = [this](float twips) { return static_cast<LONG>(std::lround(twips / kTwipsPerPixel * scale_)); };
+  LONG wide = px(block.formWidth), high = px(block.formHeight);
+  const bool tabs = application().pageTabVisible[0];
+  const LONG bars = std::lround(((application().toolBarVisible ? ToolBar::highUnits() : 0) + (tabs ? kTabHigh : 0)) * scale_);
+  if (wide <= 0) wide = frame.right - frame.left;
+  if (high <= 0) high = frame.bottom - frame.top + bars;
+  const LONG least = px(kLeastTwips);
+  return {std::clamp(wide, least, work.right - work.left), std::clamp(high, least, work.bottom - work.top)};
+}
+
+void EngineWindow::makeTabs() {
+  const Application& app = application();
+  for (int i = 0; i < 5; ++i) {
+    const auto n = static_cast<std::size_t>(i);
+    if (!app.pageTabVisible[n]) continue;
+    tabs_[n] = ::CreateWindowExW(0, L"BUTTON",
+                                 toWide(app.payload.application.pageCaptions[n], app.codePage).c_str(),
+                                 WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | BS_OWNERDRAW, 0, 0, 10, 10, handle(),
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPageTabId + i)), nullptr, nullptr);
+  }
+}
+
+void EngineWindow::makeParts() {
+  const Application& app = application();
+  tips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
+                            handle(), nullptr, nullptr, nullptr);
+  ::SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, 400);
+  layout_ = std::make_unique<PageLayout>(app, [this](std::string_view text, const FontSpec& font) {
+    const WindowDc dc(handle());
+    GdiCanvas canvas(dc.get(), scale_);
+    return canvas.measure(text, font);
+  });
+  EngineHost& host = *this;
+  pictures_ = std::make_unique<PictureFiles>(services_.files, services_.decoder);
+  pictures_->attach(*session_);
+  boxes_ = std::make_unique<BoxWindows>(host, *layout_);
+  page_ = std::make_unique<PageWindow>(host, *layout_, *boxes_, *pictures_);
+  panel_ = std::make_unique<RecordPanel>(host);
+  makeMenu();
+  makeTabs();
+  view_.open(handle());
+  page_->open(view_.handle());
+  boxes_->create(page_->handle());
+  const bool onPage = app.payload.application.frame3Visible;
+  if (app.toolBarVisible) {
+    toolBar_ = std::make_unique<ToolBar>(
+        host, [this](const MenuEntry& entry) { return mayRun(entry); }, [this](const MenuEntry& entry) { choose(entry); });
+    toolBar_->open(handle());
+  }
+  if (onPage || toolBar_) panel_->open(onPage ? page_->handle() : toolBar_->handle());
+  if (toolBar_ && !onPage) toolBar_->hold(panel_.get());
+  if (app.sizable)
+    grip_ = ::CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SBS_SIZEGRIP, 0, 0, 10, 10,
+                              handle(), nullptr, nullptr, nullptr);
+}
+
+bool EngineWindow::open(RecordSession& session, HWND& owner) {
+  session_ = &session;
+  if (!makeFrame()) return false;
+  if (session.start().loginRequired && !showLoginBox(nullptr, session)) return false;
+  ::SetWindowTextW(handle(), toWide(session.windowTitle(), application().codePage).c_str());
+  owner = handle();
+  makeParts();
+  const SIZE size = frameSize();
+  RECT work = {};
+  ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  ::SetWindowPos(handle(), nullptr, work.left + (work.right - work.left - size.cx) / 2,
+                 work.top + (work.bottom - work.top - size.cy) / 2, size.cx, size.cy, SWP_NOZORDER);
+  pageShown(session.currentPage());
+  ::ShowWindow(handle(), application().maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
+  ::UpdateWindow(handle());
+  act([&] { session.openData(false); });
+  databaseChanged();
+  ::SetTimer(handle(), kClockTimer, 1000, nullptr);
+  focusNext(false);
+  return true;
+}
+
+void EngineWindow::arrange() {
+  if (!page_) return;
+  RECT client = {};
+  ::GetClientRect(handle(), &client);
+  const auto px = [this](int units) { return static_cast<int>(std::lround(units * scale_)); };
+  int top = 0;
+  if (toolBar_) {
+    toolBar_->place(client.right);
+    top = px(ToolBar::highUnits());
+  }
+  int left = px(2);
+  for (const HWND tab : tabs_) {
+    if (!tab) continue;
+    ::SetWindowPos(tab, nullptr, left, top, px(kTabWide), px(kTabHigh), SWP_NOZORDER | SWP_NOACTIVATE);
+    left += px(kTabWide);
+  }
+  if (application().pageTabVisible[0]) top += px(kTabHigh);
+  ::SetWindowPos(view_.handle(), nullptr, 0, top, client.right, std::max<LONG>(0, client.bottom - top),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+  if (panel_ && panel_->handle() && application().payload.application.frame3Visible)
+    panel_->place(twipsToPixels(application().payload.application.frame3Left),
+                  twipsToPixels(application().payload.application.frame3Top));
+  if (grip_) {
+    const int size = ::GetSystemMetrics(SM_CXVSCROLL);
+    ::SetWindowPos(grip_, HWND_TOP, client.right - size, client.bottom - size, size, size,
+                   SWP_NOACTIVATE | (::IsZoomed(handle()) ? SWP_HIDEWINDOW : SWP_SHOWWINDOW));
+  }
+}
+
+void EngineWindow::updateWindowState() {
+  if (::IsIconic(handle()) || !page_) return;
+  arrange();
+  view_.setCentred(::IsZoomed(handle()));
+}
+
+void EngineWindow::rescale(double scale) {
+  scale_ = scale;
+  if (!page_) return;
+  boxes_->place();
+  view_.setPage(page_->handle(), page_->size());
+  arrange();
+  ::RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void EngineWindow::showTabs() {
+  for (const HWND tab : tabs_)
+    if (tab) ::InvalidateRect(tab, nullptr, FALSE);
+}
+
+void EngineWindow::drawTab(const DRAWITEMSTRUCT& item) const {
+  const int page = static_cast<int>(item.CtlID) - kPageTabId;
+  if (page < 0 || page >= 5) return;
+  const Application& app = application();
+  TabItem look;
+  look.rect = {0, 0, kTabWide, kTabHigh};
+  look.caption = withoutAccessKey(app.payload.application.pageCaptions[static_cast<std::size_t>(page)]);
+  look.font = kTabFont;
+  look.font.charSet = app.charSet;
+  look.selected = page == session_->currentPage();
+  GdiCanvas canvas(item.hDC, scale_);
+  paintItem(look, canvas);
+}
+
+void EngineWindow::setToolTip(HWND control, const std::string& text) {
+  if (!control) return;
+  const std::wstring shown = toWide(text, application().codePage);
+  TTTOOLINFOW tip = {};
+  tip.cbSize = sizeof tip;
+  tip.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tip.hwnd = handle();
+  tip.uId = reinterpret_cast<UINT_PTR>(control);
+  ::SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+  tip.lpszText = const_cast<wchar_t*>(shown.c_str());
+  if (!text.empty()) ::SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+}
+
+LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
+  if (!page_) return standard(message, wide, param);
+  switch (message) {
+    case WM_SIZE: updateWindowState(); return 0;
+    case WM_GETMINMAXINFO: {
+      const LONG least = std::lround(kLeastTwips / kTwipsPerPixel * scale_);
+      reinterpret_cast<MINMAXINFO*>(param)->ptMinTrackSize = {least, least};
+      return 0;
+    }
+    case WM_DPICHANGED: {
+      const RECT& place = *reinterpret_cast<const RECT*>(param);
+      ::SetWindowPos(handle(), nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+      rescale(LOWORD(wide) / 96.0);
+      return 0;
+    }
+    case WM_DRAWITEM: drawTab(*reinterpret_cast<const DRAWITEMSTRUCT*>(param)); return TRUE;
+    case WM_COMMAND: command(LOWORD(wide), HIWORD(wide)); return 0;
+    case WM_INITMENUPOPUP: updateMenu(); return 0;
+    case WM_TIMER: timer(wide); return 0;
+    case WM_APP: flushLater(); return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wide) != WA_INACTIVE) session_->formActivate();
+      break;
+    case WM_SETFOCUS: restoreFocus(); return 0;
+    case WM_MOUSEWHEEL: return ::SendMessageW(view_.handle(), message, wide, param);
+    case WM_CLOSE:
+      if (mayClose()) ::DestroyWindow(handle());
+      return 0;
+    case WM_ENDSESSION:
+      if (wide) session_->close(true);
+      return 0;
+    case WM_DESTROY: ::PostQuitMessage(0); return 0;
+    default: break;
+  }
+  return standard(message, wide, param);
+}
+
+}  // namespace plinth

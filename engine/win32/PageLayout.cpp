@@ -1,0 +1,197 @@
+// The distances between a box and its frame are those of the designer's page, so that both programs show one picture.
+#include "engine/win32/PageLayout.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plinth {
+namespace {
+
+constexpr int kFieldInset = 3, kCheckSize = 13, kComboPadding = 5, kDateButtonWidth = 18;
+constexpr int kLeastPage = 32, kMostPage = 20000;
+
+int px(float twips) {
+  constexpr float kReach = 30000.0f * kTwipsPerPixel;
+  return std::isfinite(twips) ? twipsToPixels(std::clamp(twips, -kReach, kReach)) : 0;
+}
+
+RectPx rectOf(float left, float top, float width, float height) {
+  return {px(left), px(top), std::max(0, px(width)), std::max(0, px(height))};
+}
+
+// Boxes without a frame of ours may have the thin border of older projects.
+template <class Row>
+Frame lookOf(const Row& row) {
+  if (row.frame.present) return {row.frame.style, plainColor(row.frame.color)};
+  return {row.borderStyle != 0 ? 1 : 0, 0};
+}
+
+void add(PageItems& items, PagePart part, int index, ItemShape shape) {
+  items.push_back({{static_cast<int>(part), index}, std::move(shape)});
+}
+
+BoxItem frameItem(const BoxPlace& place, std::int32_t backColor) {
+  BoxItem item;
+  item.rect = place.frame;
+  item.textRect = place.text;
+  item.frame = place.look;
+  item.backColor = plainColor(backColor);
+  return item;
+}
+
+}  // namespace
+
+PageLayout::PageLayout(const Application& application, Measure measure)
+    : application_(application), measure_(std::move(measure)) {}
+
+SizePx PageLayout::pageSize() const {
+  const PayloadHeader& header = application_.payload.header;
+  const auto sane = [](float twips) { return std::clamp(px(twips), kLeastPage, kMostPage); };
+  return {sane(header.pageWidth), sane(header.pageHeight)};
+}
+
+FontSpec PageLayout::font(const PayloadFont& font) const {
+  return {font.name, std::clamp(font.size, 1.0f, 200.0f), font.bold, font.italic, font.underline,
+          application_.charSet};
+}
+
+BoxPlace PageLayout::field(int n) const {
+  const PayloadField& row = application_.field(n);
+  const RectPx text = rectOf(row.left, row.top, row.width, row.height);
+  return {text, inflated(text, kFieldInset), lookOf(row)};
+}
+
+BoxPlace PageLayout::combo(int n) const {
+  const PayloadCombo& row = application_.combo(n);
+  const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)), lineHeight(row.font) + kComboPadding};
+  return {text, inflated(text, row.frameStyle < 2 ? 1 : 3), {row.frameStyle, plainColor(row.frameColor)}};
+}
+
+BoxPlace PageLayout::memo(int n) const {
+  const PayloadMemo& row = application_.memo(n);
+  const Frame look = lookOf(row);
+  const RectPx text = rectOf(row.left, row.top, row.width, row.height);
+  RectPx frame = inflated(text, look.style == 2 ? 2 : 3);
+  if (look.style < 2) frame = {text.left - 3, text.top - 1, text.width + 4, text.height + 2};
+  return {text, frame, look};
+}
+
+RectPx PageLayout::dateButton(int n) const {
+  const RectPx text = field(n).text;
+  const int width = std::min(kDateButtonWidth, text.width / 2);
+  return {text.right() - width, text.top, width, text.height};
+}
+
+RectPx PageLayout::check(int n) const {
+  const PayloadCheck& row = application_.check(n);
+  return {px(row.left), px(row.top), kCheckSize, kCheckSize};
+}
+
+RectPx PageLayout::button(int n) const {
+  const PayloadButton& row = application_.button(n);
+  return rectOf(row.left, row.top, row.width, row.height);
+}
+
+RectPx PageLayout::title(int n, const RecordForm& form) const {
+  const PayloadTitle& row = application_.titleRow(n);
+  const SizePx size = measure_(form.titles[static_cast<std::size_t>(n)], font(row.font));
+  return {px(row.left), px(row.top), size.width, size.height};
+}
+
+void PageLayout::addShapes(PageItems& items, int page) const {
+  const Payload& payload = application_.payload;
+  for (std::size_t i = 0; i < payload.squares.size(); ++i) {
+    const PayloadSquare& row = payload.squares[i];
+    if (!Application::onPage(row.page, page)) continue;
+    add(items, PagePart::square, static_cast<int>(i),
+        SquareItem{rectOf(row.left, row.top, row.width, row.height), shapeFormOf(row.shapeType),
+                   squarePen(row.borderStyle, row.borderWidth, row.borderColor),
+                   squareBrush(row.backStyle, row.backColor, row.fillStyle, row.fillColor)});
+  }
+  for (std::size_t i = 0; i < payload.lines.size(); ++i) {
+    const PayloadLine& row = payload.lines[i];
+    if (!Application::onPage(row.page, page)) continue;
+    add(items, PagePart::line, static_cast<int>(i),
+        LineItem{{px(row.x1), px(row.y1)}, {px(row.x2), px(row.y2)},
+                 {LineStyle::solid, 1, plainColor(row.borderColor)}});
+  }
+}
+
+void PageLayout::addPictures(PageItems& items, int page, PagePictures& pictures) const {
+  for (int n = 0; n <= application_.pictureCount(); ++n) {
+    const PayloadPicture& row = application_.picture(n);
+    if (!Application::onPage(row.page, page)) continue;
+    PictureItem item;
+    item.rect = rectOf(row.left, row.top, row.width, row.height);
+    item.image = row.isData() ? pictures.dataPicture(n) : pictures.fixedPicture(n);
+    item.stretch = row.stretch != 0;
+    item.border = row.borderStyle;
+    item.holder = row.isData();
+    add(items, PagePart::picture, n, std::move(item));
+  }
+}
+
+void PageLayout::addTitles(PageItems& items, const RecordForm& form, int page) const {
+  for (int n = 1; n <= application_.titleCount(); ++n) {
+    const PayloadTitle& row = application_.titleRow(n);
+    if (!Application::onPage(row.page, page)) continue;
+    add(items, PagePart::title, n,
+        TitleItem{title(n, form), form.titles[static_cast<std::size_t>(n)], font(row.font), plainColor(row.foreColor),
+                  alignOf(row.alignment)});
+  }
+}
+
+void PageLayout::addFrames(PageItems& items, int page) const {
+  for (int n = 1; n <= application_.fieldCount(); ++n)
+    if (Application::onPage(application_.field(n).page, page))
+      add(items, PagePart::field, n, frameItem(field(n), application_.field(n).backColor));
+  for (int n = 1; n <= application_.comboCount(); ++n)
+    if (Application::onPage(application_.combo(n).page, page))
+      add(items, PagePart::combo, n, frameItem(combo(n), application_.combo(n).backColor));
+  for (int n = 1; n <= application_.memoCount(); ++n)
+    if (Application::onPage(application_.memo(n).page, page))
+      add(items, PagePart::memo, n, frameItem(memo(n), application_.memo(n).backColor));
+}
+
+void PageLayout::addFree(PageItems& items, const RecordForm& form, int page, PagePictures& pictures) const {
+  for (std::size_t i = 0; i < form.variablePictures.size(); ++i) {
+    const VariablePicture& row = form.variablePictures[i];
+    if (!row.visible || !Application::onPage(row.page, page)) continue;
+    PictureItem item;
+    item.rect = rectOf(static_cast<float>(row.left), static_cast<float>(row.top), static_cast<float>(row.width),
+                       static_cast<float>(row.height));
+    item.image = pictures.freePicture(row.image);
+    item.stretch = true;
+    add(items, PagePart::freePicture, static_cast<int>(i), std::move(item));
+  }
+  for (std::size_t i = 0; i < form.labels.size(); ++i) {
+    const VariableLabel& row = form.labels[i];
+    if (!row.visible || !Application::onPage(row.page, page)) continue;
+    const FontSpec look{application_.payload.header.fontName, static_cast<float>(std::clamp(row.fontSize, 1, 200)),
+                        row.bold, row.italic, row.underline, row.charSet};
+    const SizePx size = measure_(row.text, look);
+    add(items, PagePart::label, static_cast<int>(i),
+        TitleItem{{px(static_cast<float>(row.left)), px(static_cast<float>(row.top)), size.width, size.height}, row.text,
+                  look, plainColor(row.foreColor), TextAlign::left});
+  }
+}
+
+PageItems PageLayout::items(const RecordForm& form, int page, PagePictures& pictures) const {
+  PageItems items;
+  addShapes(items, page);
+  addPictures(items, page, pictures);
+  addTitles(items, form, page);
+  addFrames(items, page);
+  addFree(items, form, page, pictures);
+  return items;
+}
+
+int PageLayout::linkAt(PointPx point, const RecordForm& form, int page) const {
+  for (int n = application_.titleCount(); n >= 1; --n) {
+    if (!application_.titleIsLink[static_cast<std::size_t>(n)]) continue;
+    if (Application::onPage(application_.titleRow(n).page, page) && title(n, form).contains(point)) return n;
+  }
+  return 0;
+}
+
+}  // namespace plinth

@@ -1,0 +1,38 @@
+// The page: paints all that is no window of its own, and passes on what its boxes tell it.
+#pragma once
+
+#include "engine/win32/BoxWindows.h"
+#include "engine/win32/PictureFiles.h"
+#include "engine/win32/Window.h"
+
+namespace plinth {
+
+class PageWindow : public Window {
+ public:
+  // All must outlive this.
+  PageWindow(EngineHost& host, const PageLayout& layout, BoxWindows& boxes, PictureFiles& pictures)
+      : host_(host), layout_(layout), boxes_(boxes), pictures_(pictures) {}
+  bool open(HWND parent);
+  // Size in device pixels at the host's present scale.
+  SIZE size() const;
+  // Everything may have changed.
+  void repaint() { ::InvalidateRect(handle(), nullptr, FALSE); }
+  // Caption n changed: only where it stands and stood.
+  void repaintTitle(int n);
+
+ protected:
+  LRESULT message(UINT message, WPARAM wide, LPARAM param) override;
+
+ private:
+  void paint();
+  PointPx pagePoint(LPARAM point) const;
+  bool pointer() const;
+  void press(PointPx point);
+  EngineHost& host_;
+  const PageLayout& layout_;
+  BoxWindows& boxes_;
+  PictureFiles& pictures_;
+  std::map<int, RectPx> titlePlaces_;
+};
+
+}  // namespace plinth

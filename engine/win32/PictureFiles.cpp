@@ -1,0 +1,46 @@
+// Paths come from the session; a file that is missing or no picture counts as none and is not tried again at each paint.
+#include "engine/win32/PictureFiles.h"
+
+namespace plinth {
+namespace {
+
+constexpr std::size_t kMostImages = 200;
+
+}  // namespace
+
+std::shared_ptr<Image> PictureFiles::at(const std::string& path) {
+  if (path.empty()) return nullptr;
+  if (const auto known = images_.find(path); known != images_.end()) return known->second;
+  if (images_.size() >= kMostImages) images_.clear();
+  const Result<Bytes> bytes = files_.read(path);
+  return images_[path] = bytes ? decoder_.decode(*bytes) : nullptr;
+}
+
+std::shared_ptr<Image> PictureFiles::fixedPicture(int n) {
+  return at(pictureFile(session_->start(), session_->application().picture(n)));
+}
+
+std::shared_ptr<Image> PictureFiles::dataPicture(int n) {
+  const std::string path = session_->dataPictureFile(n);
+  const std::shared_ptr<Image> image = at(path);
+  return image ? image : at(session_->start().blankPicture);
+}
+
+std::shared_ptr<Image> PictureFiles::freePicture(std::int32_t number) {
+  if (number <= 0) return nullptr;
+  const char separator = files_.separator();
+  return at(session_->start().names.appPath + "Images" + separator + std::to_string(number) + ".gif");
+}
+
+std::shared_ptr<Image> PictureFiles::background() { return at(session_->start().background); }
+
+std::vector<int> PictureFiles::damagedPictures() {
+  std::vector<int> damaged;
+  for (int n = 0; n <= session_->application().pictureCount(); ++n) {
+    const std::string path = session_->dataPictureFile(n);
+    if (!path.empty() && files_.exists(path) && !at(path)) damaged.push_back(n);
+  }
+  return damaged;
+}
+
+}  // namespace plinth
