@@ -34,7 +34,9 @@ bool OutputFolder::isEarlierBuild() const {
 bool OutputFolder::isUserData(const std::string& name, const std::vector<std::string>& dataNames) const {
   const std::string extension = extensionOf(name);
   if (equalAsciiNoCase(extension, "exe")) return false;
-  if (equalAsciiNoCase(extension, "cfg")) return true;
+  for (const char* kept : {"cfg", "qvf", "mrf"}) {
+    if (equalAsciiNoCase(extension, kept)) return true;
+  }
   if (!extension.empty()) return equalAsciiNoCase(extension, dataExtension_);
   // "<data name>0001": a further segment of a data file.
   if (name.size() <= kSegmentDigits || !std::all_of(name.end() - kSegmentDigits, name.end(), isDigit))

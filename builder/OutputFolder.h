@@ -1,5 +1,5 @@
 // The folder of a finished application: made, or emptied of an earlier build. What its user made there since
-// stays: data files with their segments, and settings.
+// stays: data files with their segments, settings, and projects.
 #pragma once
 
 #include <string>

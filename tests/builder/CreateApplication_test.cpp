@@ -102,13 +102,13 @@ TEST_F(CreateApplication, RefusesRecordsOfLessThanThirtyCharacters) {
 
 TEST_F(CreateApplication, EmptiesAnEarlierBuildButKeepsWhatItsUserMade) {
   for (const char* name : {"app.exe", "app.chm", "0.jpg", "notes0001", "old.txt", "app1.bmp", "app.dbd",
-                           "APP0001", "second.DBD", "second0012", "app.cfg", "Pics/a.jpg"}) {
+                           "APP0001", "second.DBD", "second0012", "app.cfg", "app.qvf", "Pics/a.jpg"}) {
     files.put(std::string("/out/app/") + name, name);
   }
   files.put("/out/outside.txt", "x");
   ASSERT_TRUE(run(named("app")).ok());
   EXPECT_EQ(files.list("/out/app"), (std::vector<std::string>{"APP0001", "app.cfg", "app.dbd", "app.exe",
-                                                              "second.DBD", "second0012"}));
+                                                              "app.qvf", "second.DBD", "second0012"}));
   EXPECT_TRUE(files.exists("/out/app/Pics/a.jpg"));
   EXPECT_TRUE(files.exists("/out/outside.txt"));
   EXPECT_TRUE(messages.shown.empty());
