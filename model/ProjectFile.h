@@ -37,7 +37,7 @@ struct ReadOptions {
   // Clears paths of background and pictures whose files are gone, with a message, and puts `defaultImage` in the place
   // of a default image that is gone. Off: paths stay as they are in the file.
   bool checkPaths = true;
-  std::string defaultImage;               // path of "main.jpg", "" for none
+  std::string defaultImage = {};          // path of "main.jpg", "" for none
   const LanguageTexts* labels = nullptr;  // applied to files below version 6
 };
 

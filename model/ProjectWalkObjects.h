@@ -224,7 +224,7 @@ void walkChecks(Archive& ar, Document& d) {
     ar.slot(row.lockEntry, Tag::ui1, "LockEntry");
     ar.slot(row.printOn, Tag::ui1, "PrintOn");
     ar.slot(row.noSearch, Tag::ui1, "NoSearch", above(13));
-    ar.constant(Tag::ui1, row.value, "Value");
+    ar.slot(row.value, Tag::ui1, "Value");  // the default of a new record
     ar.length(row.top, "Top");
     ar.length(row.left, "Left");
     ar.text(row.tag, "Tag");
