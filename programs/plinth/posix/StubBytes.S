@@ -5,7 +5,7 @@
     .balign 16
     .globl \name\()Begin
 \name\()Begin:
-    .incbin \file
+    .incbin "\file"
     .globl \name\()End
 \name\()End:
     .endm
