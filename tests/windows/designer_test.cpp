@@ -1,0 +1,235 @@
+// The designer's real windows, driven by messages as a person's hands would: main window, menu, dialogs.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <set>
+#include <vector>
+
+#include "platform/win32/Screenshot.h"
+#include "platform/win32/WindowsApi.h"
+#include <objbase.h>
+#include "surface/DesignerDialogs.h"
+#include "surface/win32/DesignerFrame.h"
+#include "surface/win32/DialogHost.h"
+#include "tests/fakes/FakeChooser.h"
+#include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakeMessages.h"
+#include "tests/fakes/MemorySettings.h"
+#include "tests/platform/TempFolder.h"
+
+namespace plinth {
+namespace {
+
+namespace fs = std::filesystem;
+
+void pump() {
+  MSG message;
+  while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) continue;  // the window under test has ended, the tests go on
+    ::TranslateMessage(&message);
+    ::DispatchMessageW(&message);
+  }
+}
+
+std::wstring textOf(HWND window) {
+  std::wstring text(512, L'\0');
+  text.resize(static_cast<std::size_t>(::GetWindowTextW(window, text.data(), 512)));
+  return text;
+}
+
+void shot(HWND window, const std::string& name) {
+  fs::create_directories("screenshots");
+  pump();
+  EXPECT_TRUE(saveScreenshot(window, "screenshots/designer-" + name + ".png"));
+}
+
+// Hands for modal dialogs: as soon as one has come up, each step of the script gets it; what outlives the script is
+// closed, so that no test waits for a person.
+class Hands {
+ public:
+  using Step = std::function<void(HWND dialog)>;
+  explicit Hands(std::vector<Step> steps) : steps_(std::move(steps)) {
+    now_ = this;
+    timer_ = ::SetTimer(nullptr, 0, 30, tick);
+  }
+  ~Hands() {
+    ::KillTimer(nullptr, timer_);
+    now_ = nullptr;
+  }
+  std::size_t done() const { return next_; }
+
+ private:
+  static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND dialog = ::GetActiveWindow();
+    wchar_t name[16] = {};
+    if (!now_ || !dialog || !::GetClassNameW(dialog, name, 16) || std::wstring(name) != L"#32770") return;
+    if (now_->next_ == now_->steps_.size()) {
+      ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+      return;
+    }
+    const Step& step = now_->steps_[now_->next_++];
+    step(dialog);
+  }
+  static inline Hands* now_ = nullptr;
+  std::vector<Step> steps_;
+  std::size_t next_ = 0;
+  UINT_PTR timer_ = 0;
+};
+
+void press(HWND dialog, int id) { ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0); }
+
+class DesignerWindows : public testing::Test {
+ protected:
+  void SetUp() override {
+    ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    const fs::path data(PLINTH_TEST_DATA);
+    fs::create_directories(folder / "Languages");
+    fs::create_directories(folder / "Icons");
+    fs::copy(data / "../../Languages/English.txt", folder / "Languages\\English.txt");
+    fs::copy(data / "../../Icons/Default.ico", folder / "Icons\\Default.ico");
+    fs::copy(data / "fixtures/contacts.qvf", folder / "contacts.qvf");
+    ASSERT_TRUE(frame.start("\"" + (folder / "contacts.qvf") + "\"", SW_SHOWNOACTIVATE));
+    pump();
+  }
+  void TearDown() override {
+    if (frame.window()) ::DestroyWindow(frame.window());
+    pump();
+    ::CoUninitialize();
+  }
+  void command(int id) { ::SendMessageW(frame.window(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
+  void command(Command id) { command(static_cast<int>(id)); }
+  HWND area() const { return ::GetDlgItem(frame.window(), DesignerFrame::kPageAreaId); }
+  std::string status(int part) const {
+    wchar_t text[512] = {};
+    ::SendMessageW(::GetDlgItem(frame.window(), DesignerFrame::kStatusId), WM_USER + 13 /* SB_GETTEXTW */,
+                   static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text));
+    return fs::path(text).string();
+  }
+
+  TempFolder folder;
+  FakeMessages messages;
+  FakeChooser chooser;
+  MemorySettings settings;
+  FakeClock clock;
+  HWND owner = nullptr;
+  DialogHost dialogs{[this] { return owner; }};
+  Bytes stub = Bytes(5000, 7), icon = Bytes(766, 1);
+  DesignerFrame frame{{systemFiles(), messages, chooser, settings, clock, dialogs, folder / "", true, stub, icon, "2.0"}};
+};
+
+TEST_F(DesignerWindows, ShowsThePagesOfTheProject) {
+  ASSERT_TRUE(messages.shown.empty()) << messages.shown[0].text;
+  EXPECT_NE(textOf(frame.window()).find(L"contacts.qvf"), std::wstring::npos);
+  EXPECT_NE(status(1).find("640 x 480"), std::string::npos);
+  shot(frame.window(), "page-1");
+  const Pixels first = windowPixels(area());
+  // Paper, ground, title bar of the form, frames, letters: a page that did not paint has far fewer colours.
+  EXPECT_GT(std::set<std::uint32_t>(first.argb.begin(), first.argb.end()).size(), 20u);
+  ::SendMessageW(area(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(110, 20));  // the second tab
+  EXPECT_EQ(frame.designer().surface().currentPage(), 1);
+  shot(frame.window(), "page-2");
+  EXPECT_TRUE(windowPixels(area()).argb != first.argb);
+  command(static_cast<int>(Command::page));
+  EXPECT_EQ(frame.designer().surface().currentPage(), 0);
+  pump();
+  EXPECT_TRUE(windowPixels(area()).argb == first.argb);
+}
+
+TEST_F(DesignerWindows, ScrollBarsFollowTheWindow) {
+  ::SetWindowPos(frame.window(), nullptr, 0, 0, 420, 340, SWP_NOMOVE | SWP_NOZORDER);
+  pump();
+  SCROLLINFO info = {};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  ASSERT_TRUE(::GetScrollInfo(area(), SB_VERT, &info));
+  EXPECT_GT(info.nMax, static_cast<int>(info.nPage));
+  ::SendMessageW(area(), WM_VSCROLL, SB_BOTTOM, 0);
+  EXPECT_EQ(frame.designer().surface().vertical().value, frame.designer().surface().vertical().most());
+  ::SendMessageW(area(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA * 100), 0);
+  EXPECT_EQ(frame.designer().surface().vertical().value, 0);
+}
+
+TEST_F(DesignerWindows, NewOpenSaveAndRecentFilesThroughTheMenu) {
+  command(Command::newProject);
+  EXPECT_EQ(textOf(frame.window()).find(L"contacts.qvf"), std::wstring::npos);
+  chooser.answers = {folder / "mine", folder / "contacts.qvf"};
+  command(Command::saveAs);
+  EXPECT_TRUE(fs::exists(folder / "mine.qvf"));
+  command(Command::open);
+  EXPECT_NE(textOf(frame.window()).find(L"contacts.qvf"), std::wstring::npos);
+  wchar_t text[300] = {};
+  ::GetMenuStringW(::GetMenu(frame.window()), static_cast<UINT>(Command::recent), text, 300, MF_BYCOMMAND);
+  EXPECT_NE(std::wstring(text).find(L"mine.qvf"), std::wstring::npos) << fs::path(text).string();
+  command(static_cast<int>(Command::recent));
+  EXPECT_NE(textOf(frame.window()).find(L"mine.qvf"), std::wstring::npos);
+}
+
+TEST_F(DesignerWindows, CreatesAnApplicationFromTheDialog) {
+  owner = frame.window();
+  const std::string out = folder / "out";
+  fs::create_directories(out);
+  const int name = 101, where = 102, icons = 103, setup = 105, properties = 106, company = 101;
+  ::SetForegroundWindow(frame.window());
+  Hands hands({[&](HWND dialog) {
+                 shot(dialog, "create");
+                 EXPECT_EQ(textOf(::GetDlgItem(dialog, name)), L"Contacts");
+                 ::SetDlgItemTextW(dialog, name, L"");
+                 EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(dialog, IDOK)));
+                 ::SetDlgItemTextW(dialog, name, L"Mine");
+                 ::SetDlgItemTextA(dialog, where, out.c_str());
+                 EXPECT_EQ(::SendDlgItemMessageW(dialog, icons, LB_GETCOUNT, 0, 0), 1);
+                 EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(dialog, setup)));
+                 press(dialog, properties);
+               },
+               [&](HWND dialog) {
+                 shot(dialog, "properties");
+                 ::SetDlgItemTextW(dialog, company, L"Mill & Sons");
+                 press(dialog, IDOK);
+               },
+               [&](HWND dialog) { press(dialog, IDOK); }});
+  command(Command::createApplication);
+  EXPECT_EQ(hands.done(), 3u);
+  EXPECT_TRUE(messages.shown.empty()) << messages.shown[0].text;
+  EXPECT_TRUE(fs::exists(out + "\\Mine\\Mine.exe"));
+  EXPECT_EQ(frame.designer().shell().document().fileProp.comments[0], "Mill & Sons");
+  EXPECT_NE(status(0).find("Mine.exe"), std::string::npos) << status(0);
+}
+
+TEST_F(DesignerWindows, DialogsAreLeftByEnterAndEscAndShowWhatTheyKnow) {
+  owner = frame.window();
+  ::SetForegroundWindow(frame.window());
+  FileProperties values;
+  values.comments[4] = "Contacts";
+  const LabelSource labels = [](int, const char* english) { return std::string(english); };
+  const auto type = [](HWND dialog, WPARAM key) { ::PostMessageW(::GetFocus() ? ::GetFocus() : dialog, WM_KEYDOWN, key, 0); };
+  {
+    Hands hands({[&](HWND dialog) {
+      EXPECT_EQ(textOf(::GetDlgItem(dialog, 105)), L"Contacts");
+      EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), 101);
+      EXPECT_EQ(::GetDlgCtrlID(::GetNextDlgTabItem(dialog, ::GetFocus(), FALSE)), 102);
+      type(dialog, VK_RETURN);
+    }});
+    EXPECT_TRUE(dialogs.run(filePropertiesDialog(values, labels)));
+  }
+  Hands hands({[&](HWND dialog) { type(dialog, VK_ESCAPE); }});
+  EXPECT_FALSE(dialogs.run(aboutDialog("2.0", labels)));
+}
+
+TEST_F(DesignerWindows, ClosingAsksAboutChangesAndKeepsTheWindowsPlace) {
+  frame.designer().shell().changed();
+  messages.answers = {true, false};
+  chooser.answers = {};
+  const fs::path project(folder / "contacts.qvf");
+  fs::remove(project);
+  fs::create_directories(project);  // the wanted save must fail
+  ::SendMessageW(frame.window(), WM_CLOSE, 0, 0);
+  EXPECT_TRUE(::IsWindow(frame.window()));
+  frame.designer().shell().changed();
+  ::SendMessageW(frame.window(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(frame.window(), nullptr);
+  EXPECT_NE(settings.get("Settings", "Form1Left", "none"), "none");
+}
+
+}  // namespace
+}  // namespace plinth
