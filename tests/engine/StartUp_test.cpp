@@ -24,7 +24,7 @@ TEST(StartUp, NamesFollowTheRunningFileAndTheCommandLine) {
       {"/app/shop.exe", "-paste", "/app/shop", "/app/Shop.dbd"},
       {"/app/shop.exe", "\"/other/Stock.DBD\"", "/app/shop", "/other/Stock.DBD"},
       {"/app/shop.exe", "\"/other/Stock.DBD\" -paste", "/app/shop", "/other/Stock.DBD"},
-      {"/app/shop.exe", "old.dbd", "/app/shop", "/work/old.dbd"},
+      {"/app/shop.exe", "old.dbd", "/app/shop", "/desk/old.dbd"},
       {"/app/shop.exe", "letter.txt", "/app/shop", "/app/Shop.dbd"},
       {"/app/shop.exe", "STORE.EXE", "/app/shop", "/app/Store.dbd"},
       {"shop", "", "./shop", "./Shop.dbd"},

@@ -89,7 +89,7 @@ class MemoryFiles : public Files {
   char separator() const override { return separatorUsed; }
 
   std::shared_ptr<MemoryDisk> disk;
-  std::string current = "/work", temporary = "/tmp/";
+  std::string current = "/desk", temporary = "/tmp/";
   char separatorUsed = '/';
 
  private:

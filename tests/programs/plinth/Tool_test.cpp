@@ -32,9 +32,9 @@ class ToolTest : public ::testing::Test {
 
   // The address book, created; its executable.
   std::string contacts() {
-    run({"new", "/work/Contacts.qvf", "--example", "contacts"});
+    run({"new", "/desk/Contacts.qvf", "--example", "contacts"});
     EXPECT_EQ(code, 0) << errors;
-    std::string path = run({"create", "/work/Contacts.qvf", "--output", "/out"});
+    std::string path = run({"create", "/desk/Contacts.qvf", "--output", "/out"});
     EXPECT_EQ(code, 0) << errors;
     if (!path.empty()) path.pop_back();
     return path;
@@ -50,12 +50,12 @@ class ToolTest : public ::testing::Test {
 };
 
 TEST_F(ToolTest, NewNeverOverwrites) {
-  run({"new", "/work/a.qvf"});
+  run({"new", "/desk/a.qvf"});
   EXPECT_EQ(code, 0);
-  const std::string first = files.textOf("/work/a.qvf");
-  run({"new", "/work/a.qvf", "--example", "contacts"});
+  const std::string first = files.textOf("/desk/a.qvf");
+  run({"new", "/desk/a.qvf", "--example", "contacts"});
   EXPECT_EQ(code, 1);
-  EXPECT_EQ(files.textOf("/work/a.qvf"), first);
+  EXPECT_EQ(files.textOf("/desk/a.qvf"), first);
 }
 
 TEST_F(ToolTest, ExampleIsSoundAndConvertsToItself) {
