@@ -63,7 +63,8 @@ class Hands {
   static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
     const HWND dialog = ::GetActiveWindow();
     wchar_t name[16] = {};
-    if (!now_ || !dialog || !::GetClassNameW(dialog, name, 16) || std::wstring(name) != L"#32770") return;
+    if (!now_ || !dialog || !::IsWindowVisible(dialog) ||
+        !::GetClassNameW(dialog, name, 16) || std::wstring(name) != L"#32770") return;
     if (now_->next_ == now_->steps_.size()) {
       ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
       return;
