@@ -23,10 +23,13 @@ std::size_t findByte(const Bytes& image, std::size_t from, std::size_t to, std::
   return found ? static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - image.data()) : to;
 }
 
+// High bytes count: the table of two-digit numbers that every program writes integers by ("000102...") has
+// the low bytes of a placeholder at every second position.
 bool matchesAt(const Bytes& image, std::size_t offset, std::string_view searchText) {
   const std::size_t compared = std::min(searchText.size(), kComparedCharacters);
-  for (std::size_t k = 1; k < compared; ++k) {
+  for (std::size_t k = 0; k < compared; ++k) {
     if (image[offset + 2 * k] != static_cast<std::uint8_t>(searchText[k])) return false;
+    if (image[offset + 2 * k + 1] != 0) return false;
   }
   return true;
 }

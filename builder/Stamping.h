@@ -13,9 +13,9 @@
 
 namespace plinth {
 
-// Writes `value` as UTF-16LE over every place of `image` that looks like `searchText`: cut to the length of
-// searchText, filled with zeros. A place is known by the low bytes of the first 15 characters alone. Texts
-// are in `codePage`. Returns the 0-based offset of the last match, -1 for none.
+// Writes `value` as UTF-16LE over every place of `image` that begins with the first 15 characters of
+// `searchText` as UTF-16LE: cut to the length of searchText, filled with zeros. Texts are in `codePage`.
+// Returns the 0-based offset of the last match, -1 for none.
 std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_view value,
                         int codePage = 1252);
 
@@ -28,9 +28,12 @@ int stampIcon(Bytes& image, std::span<const std::uint8_t> iconBytes);
 void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileProperties& properties,
                std::string_view appName, int codePage = 1252);
 
-inline constexpr std::size_t kIconPixels =
-    126;  // offset of the pixels in an icon of one 32x32 16-colour image
+// Offset of the pixels in a file with one 32x32 image of 16 colours.
+inline constexpr std::size_t kIconPixels = 126;
 inline constexpr std::uint8_t kIconFiller = 0x99;
-inline constexpr std::size_t kIconFillerRun = 11;  // this many filler bytes in a row are an icon's place
+// A place is at least as long as the pixels of the smallest icon, 16x16 of 16 colours. Short rows of this
+// byte are numbers of the engine: 1/10 in 128 bits, by which floating point is written as text, holds 14 of
+// them.
+inline constexpr std::size_t kIconFillerRun = 192;
 
 }  // namespace plinth

@@ -45,8 +45,9 @@ std::int64_t plainReplace(Bytes& image, std::string_view search, std::string_vie
   std::int64_t last = -1;
   for (std::size_t i = 1; i + 81 <= image.size(); ++i) {
     bool same = true;
-    for (std::size_t k = 0; k < 15; ++k)
-      same = same && image[i + 2 * k] == static_cast<std::uint8_t>(search[k]);
+    for (std::size_t k = 0; k < 15; ++k) {
+      same = same && image[i + 2 * k] == static_cast<std::uint8_t>(search[k]) && image[i + 2 * k + 1] == 0;
+    }
     if (!same) continue;
     std::copy(stamp.begin(), stamp.end(), image.begin() + static_cast<std::ptrdiff_t>(i));
     last = static_cast<std::int64_t>(i);
@@ -74,6 +75,18 @@ TEST(Stamping, EqualsAPlainScanOfEveryOffset) {
       ASSERT_EQ(image, expected);
     }
   }
+}
+
+TEST(Stamping, LeavesTheTableOfTwoDigitNumbersAlone) {
+  Bytes image(30, 0x11);
+  for (int number = 0; number < 100; ++number) {
+    image.push_back(static_cast<std::uint8_t>('0' + number / 10));
+    image.push_back(static_cast<std::uint8_t>('0' + number % 10));
+  }
+  image.resize(image.size() + 100);
+  const Bytes before = image;
+  EXPECT_EQ(ReplaceBin(image, kTrademarks, "Marks"), -1);
+  EXPECT_EQ(image, before);
 }
 
 TEST(Stamping, WritesVersionTextsOverTheirPlaces) {
@@ -117,9 +130,9 @@ TEST(Stamping, PutsTheIconOverFillersOnly) {
   };
   for (const Case& one :
        {Case{"whole", 20, 640, 640, 1, 640}, Case{"cut to the filler", 20, 640, 9000, 1, 640},
-        Case{"too short a run", 20, 10, 640, 0, 0}, Case{"just a run", 20, 11, 640, 1, 11},
-        Case{"again behind a short icon", 20, 640, 192, 4, 640},
-        Case{"less than a run is left", 20, 45, 40, 1, 40}, Case{"no pixels", 20, 640, 0, 0, 0}}) {
+        Case{"a number of the engine", 20, 14, 640, 0, 0}, Case{"too short", 20, 191, 640, 0, 0},
+        Case{"just a place", 20, 192, 640, 1, 192}, Case{"again behind a short icon", 20, 640, 192, 3, 576},
+        Case{"no pixels", 20, 640, 0, 0, 0}}) {
     Bytes image(one.before, 0x44);
     image.insert(image.end(), one.filler, kIconFiller);
     image.insert(image.end(), 30, 0x44);
@@ -143,7 +156,7 @@ TEST(Stamping, TakesEachFillerOnceThoughTheIconHoldsOne) {
     image.insert(image.end(), 5, 0);
   }
   Bytes icon = iconWithPixels(640);
-  std::fill_n(icon.begin() + 300, 20, kIconFiller);
+  std::fill_n(icon.begin() + 300, 200, kIconFiller);
   EXPECT_EQ(stampIcon(image, icon), 2);
   EXPECT_TRUE(std::equal(icon.begin() + kIconPixels, icon.end(), image.begin() + 650));
 }

@@ -40,18 +40,32 @@ def pixels(icon, folder):
         return file.read()
 
 
+def outside(image, places):
+    """The image with all places blanked."""
+    image = bytearray(image)
+    for start, end in places:
+        image[start:end] = bytes(end - start)
+    return bytes(image)
+
+
 def check(stamp, icon, stub, folder):
     with open(stub, "rb") as file:
         image = file.read()
     for place in PLACES:
         count = image.count(place.encode("utf-16-le"))
         assert count == 1, f"{stub}: {place} occurs {count} times"
-    runs = [len(run) for run in re.findall(b"\x99{11,}", image)]
-    assert runs == [640, 640], f"{stub}: filler runs {runs}"
+    places = [run.span() for run in re.finditer(b"\x99{192,}", image)]
+    assert [end - start for start, end in places] == [640, 640], f"{stub}: fillers {places}"
+    for place in PLACES:
+        start = image.index(place.encode("utf-16-le"))
+        places.append((start, start + 2 * len(place)))
     expected = pixels(icon, folder)
     for name, original in (("short", "short.exe"), ("twelve-chars", "Application.exe")):
         out = os.path.join(folder, name + ".exe")
         tool(stamp, stub, icon, name, out)
+        with open(out, "rb") as file:
+            stamped = file.read()
+        assert outside(stamped, places) == outside(image, places), f"{stub}: stamped where it must not be"
         assert version_texts(out) == {**TEXTS, "OriginalFilename": original}, version_texts(out)
         for number in ("1", "2"):
             path = os.path.join(folder, number + ".ico")
