@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "basic/CodePage.h"
 
@@ -43,6 +44,31 @@ Bytes paddedUtf16(std::string_view value, std::size_t width, int codePage) {
   bytes.resize(std::max(bytes.size() + kZeroBytes, width), 0);
   bytes.resize(width);
   return bytes;
+}
+
+std::size_t number(const Bytes& image, std::size_t offset, std::size_t width) {
+  std::size_t value = 0;
+  if (offset > image.size() || image.size() - offset < width) return 0;
+  for (std::size_t k = width; k-- > 0;) value = value << 8 | image[offset + k];
+  return value;
+}
+
+// Where the resources of a program lie, as [from, to); the whole image when it is no program that says so. Outside of
+// them the rule for places would also meet the table of digit pairs "00010203..." by which numbers are written as text:
+// every second byte of it reads like the placeholder of the trademarks.
+std::pair<std::size_t, std::size_t> resourcePart(const Bytes& image) {
+  constexpr std::size_t kSectionRow = 40, kSectionRows = 24;
+  const std::size_t header = number(image, 0x3C, 4);
+  const std::pair<std::size_t, std::size_t> whole{0, image.size()};
+  if (number(image, 0, 2) != 0x5A4D || number(image, header, 4) != 0x4550) return whole;
+  const std::size_t sections = number(image, header + 6, 2);
+  std::size_t row = header + kSectionRows + number(image, header + 20, 2);
+  for (std::size_t i = 0; i < sections && row + kSectionRow <= image.size(); ++i, row += kSectionRow) {
+    if (std::memcmp(image.data() + row, ".rsrc\0\0\0", 8) != 0) continue;
+    const std::size_t size = number(image, row + 16, 4), from = number(image, row + 20, 4);
+    if (from < image.size()) return {from, from + std::min(size, image.size() - from)};
+  }
+  return whole;
 }
 
 }  // namespace
@@ -94,11 +120,14 @@ void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileP
       {"LEGAL-COPYRIGHT-FIELD-PLACEHOLDER-ABCDEF", 2}, {"9999012345678901234567890123456789012345", 4},
       {"0123456789012345678901234567890123456789", 3},
   };
+  const auto [from, to] = resourcePart(stub);
+  Bytes part(stub.begin() + static_cast<std::ptrdiff_t>(from), stub.begin() + static_cast<std::ptrdiff_t>(to));
   for (const auto& text : versionTexts)
-    ReplaceBin(stub, text.placeholder, properties.comments[text.comment], codePage);
+    ReplaceBin(part, text.placeholder, properties.comments[text.comment], codePage);
   if (appName.size() <= kLongestStampedName) {
-    ReplaceBin(stub, "Application.exe", std::string(appName) + ".exe", codePage);
+    ReplaceBin(part, "Application.exe", std::string(appName) + ".exe", codePage);
   }
+  std::copy(part.begin(), part.end(), stub.begin() + static_cast<std::ptrdiff_t>(from));
 }
 
 }  // namespace plinth

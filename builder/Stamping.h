@@ -24,7 +24,8 @@ std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_v
 int stampIcon(Bytes& image, std::span<const std::uint8_t> iconBytes);
 
 // Both, in order: icon, the five version texts (ProductName before LegalTrademarks, whose placeholder also
-// occurs inside the former's), and the original file name when it fits.
+// occurs inside the former's), and the original file name when it fits. Texts are looked for within the program's
+// resources, or everywhere in an image that has none.
 void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileProperties& properties,
                std::string_view appName, int codePage = 1252);
 

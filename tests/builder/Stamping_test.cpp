@@ -149,6 +149,41 @@ TEST(Stamping, PutsTheIconOverFillersOnly) {
   }
 }
 
+// A program with one section of resources at `from`: all that the search for them reads.
+Bytes programWithResources(const Bytes& code, const Bytes& resources) {
+  Bytes image(0x200, 0);
+  image[0] = 'M', image[1] = 'Z', image[0x3C] = 0x80;
+  image[0x80] = 'P', image[0x81] = 'E', image[0x86] = 1;
+  const std::string_view name = ".rsrc";
+  std::copy(name.begin(), name.end(), image.begin() + 0x98);
+  const auto put = [&](std::size_t at, std::size_t value) {
+    for (int k = 0; k < 4; ++k) image[at + k] = static_cast<std::uint8_t>(value >> (8 * k));
+  };
+  put(0x98 + 16, resources.size());
+  put(0x98 + 20, image.size() + code.size());
+  image.insert(image.end(), code.begin(), code.end());
+  image.insert(image.end(), resources.begin(), resources.end());
+  return image;
+}
+
+// The library's table of digit pairs looks like a placeholder; stamped over, the application shows no digits.
+TEST(Stamping, LeavesTheProgramOutsideItsResourcesAlone) {
+  Bytes digits(40, 0x55);
+  for (int pair = 0; pair < 100; ++pair) {
+    digits.push_back(static_cast<std::uint8_t>('0' + pair / 10));
+    digits.push_back(static_cast<std::uint8_t>('0' + pair % 10));
+  }
+  digits.resize(digits.size() + 100, 0x55);
+  Bytes image = programWithResources(digits, stubWith({kProduct, kTrademarks}));
+  FileProperties properties;
+  properties.comments[3] = "Marks";
+  properties.comments[4] = "Product";
+  stampStub(image, {}, properties, "App");
+  EXPECT_TRUE(std::equal(digits.begin(), digits.end(), image.begin() + 0x200));
+  EXPECT_TRUE(holdsWide(image, "Marks", 20));
+  EXPECT_TRUE(holdsWide(image, "Product", 20));
+}
+
 TEST(Stamping, TakesEachFillerOnceThoughTheIconHoldsOne) {
   Bytes image(5, 0);
   for (int i = 0; i < 2; ++i) {
