@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kTabHigh = 26, kTabWide = 96, kLeastTwips = 2000;
 constexpr UINT_PTR kClockTimer = 2;
+constexpr std::int32_t kBarColor = 0xECECEC;  // beside the page tabs
 const FontSpec kTabFont{"Arial", 9, false, false, false, 0};
 
 }  // namespace
@@ -44,7 +45,8 @@ bool EngineWindow::makeFrame() {
   return create(request);
 }
 
-// The size of the design, but never beyond the screen; without one the page decides.
+// The size of the design, but never beyond the screen. A design whose window holds its page still does so below the bars
+// of the application; without a size the page decides.
 SIZE EngineWindow::frameSize() const {
   const PayloadApplication& block = application().payload.application;
   RECT work = {};
@@ -56,8 +58,9 @@ SIZE EngineWindow::frameSize() const {
   LONG wide = px(block.formWidth), high = px(block.formHeight);
   const bool tabs = application().pageTabVisible[0];
   const LONG bars = std::lround(((application().toolBarVisible ? ToolBar::highUnits() : 0) + (tabs ? kTabHigh : 0)) * scale_);
-  if (wide <= 0) wide = frame.right - frame.left;
-  if (high <= 0) high = frame.bottom - frame.top + bars;
+  const LONG pageWide = frame.right - frame.left, pageHigh = frame.bottom - frame.top + bars;
+  if (wide <= 0 || wide >= page.cx) wide = std::max(wide, pageWide);
+  if (high <= 0 || high >= page.cy) high = std::max(high, pageHigh);
   const LONG least = px(kLeastTwips);
   return {std::clamp(wide, least, work.right - work.left), std::clamp(high, least, work.bottom - work.top)};
 }
@@ -126,7 +129,7 @@ bool EngineWindow::open(RecordSession& session, HWND& owner) {
   act([&] { session.openData(false); });
   databaseChanged();
   ::SetTimer(handle(), kClockTimer, 1000, nullptr);
-  focusNext(false);
+  restoreFocus();
   return true;
 }
 
@@ -221,6 +224,13 @@ LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
                      SWP_NOZORDER | SWP_NOACTIVATE);
       rescale(LOWORD(wide) / 96.0);
       return 0;
+    }
+    case WM_ERASEBKGND: {
+      RECT area = {};
+      ::GetClientRect(handle(), &area);
+      const BrushHandle brush(::CreateSolidBrush(gdiColor(kBarColor)));
+      ::FillRect(reinterpret_cast<HDC>(wide), &area, brush.get());
+      return 1;
     }
     case WM_DRAWITEM: drawTab(*reinterpret_cast<const DRAWITEMSTRUCT*>(param)); return TRUE;
     case WM_COMMAND: command(LOWORD(wide), HIWORD(wide)); return 0;

@@ -12,7 +12,7 @@
 namespace plinth {
 namespace {
 
-constexpr int kButton = 25, kHigh = 26, kBoxWide = 64, kCountWide = 62, kGap = 2, kNewGap = 8;
+constexpr int kButton = 25, kHigh = 26, kBoxWide = 64, kCountWide = 54, kGap = 2, kNewGap = 8;
 constexpr std::int32_t kFace = 0xF5F5F5;
 
 struct PanelButton {
