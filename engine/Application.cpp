@@ -1,5 +1,5 @@
-// From the payload's rows to an application. Values that a damaged or foreign payload brings are put into their ranges
-// here, once, so that nobody behind this file meets a length below zero or an alignment of 900.
+// From the payload's rows to an application. Values that a damaged or foreign payload brings are put into
+// their ranges here, once, so that nobody behind this file meets a length below zero or an alignment of 900.
 #include "engine/Application.h"
 
 #include <algorithm>
@@ -153,7 +153,8 @@ void deriveObjects(Application& app) {
   for (const PayloadTitle& t : p.titles) app.titleIsLink.push_back(!t.link.empty());
   for (const PayloadField& f : p.fields)
     app.calendarButton.push_back(app.calendarOn && Application::live(f.page) && isDateKind(f.fieldType));
-  app.hasDataPictures = std::any_of(p.pictures.begin(), p.pictures.end(), [](const auto& i) { return i.isData(); });
+  app.hasDataPictures =
+      std::any_of(p.pictures.begin(), p.pictures.end(), [](const auto& i) { return i.isData(); });
 }
 
 }  // namespace

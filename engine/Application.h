@@ -1,5 +1,6 @@
-// A finished application as the engine knows it: the payload's rows and everything that follows from them, decided
-// once at start. Windows, the console tool and the record store all read this and know no other project data.
+// A finished application as the engine knows it: the payload's rows and everything that follows from them,
+// decided once at start. Windows, the console tool and the record store all read this and know no other
+// project data.
 #pragma once
 
 #include <array>
@@ -33,29 +34,29 @@ inline bool isTimeKind(int kind) { return kind >= 10 && kind <= 12; }
 inline bool isDatePartKind(int kind) { return kind >= 13 && kind <= 22; }
 
 struct Application {
-  // Rows as stored. Fields, combos, memos and titles count from 1 (row 0 is unused but exists), the others from 0.
-  // There are always the titles 0 to 5: 1 help line, 2 clock, 3 day, 4 date stamp, 5 record number; 6 upward labels.
-  // Lengths, alignments, flags and fonts are within their ranges.
+  // Rows as stored. Fields, combos, memos and titles count from 1 (row 0 is unused but exists), the others
+  // from 0. There are always the titles 0 to 5: 1 help line, 2 clock, 3 day, 4 date stamp, 5 record number; 6
+  // upward labels. Lengths, alignments, flags and fonts are within their ranges.
   Payload payload;
 
-  std::string title;                       // of the window and of message boxes, 8-bit text
+  std::string title;  // of the window and of message boxes, 8-bit text
   int charSet = 0;
-  int codePage = 1252;                     // of every text of the application
-  std::array<bool, 5> pageTabVisible{};    // Pge(0..4)
+  int codePage = 1252;                   // of every text of the application
+  std::array<bool, 5> pageTabVisible{};  // Pge(0..4)
   std::vector<MenuEntry> menus;
-  std::vector<ButtonImage> buttonImages;   // by button
-  std::vector<bool> calendarButton;        // by field: a DownB button opens the calendar
-  std::vector<bool> titleIsLink;           // by title
+  std::vector<ButtonImage> buttonImages;     // by button
+  std::vector<bool> calendarButton;          // by field: a DownB button opens the calendar
+  std::vector<bool> titleIsLink;             // by title
   std::array<std::string, 12> functionKeys;  // F1 to F12
   bool sizable = false, maximised = false;
-  bool minimiseAllowed = true;             // the frame's minimise and maximise buttons
-  bool toolBarVisible = true;              // Frame1
-  bool helpInStatusLine = false;           // help texts go to Title(1) instead of tool tips
+  bool minimiseAllowed = true;    // the frame's minimise and maximise buttons
+  bool toolBarVisible = true;     // Frame1
+  bool helpInStatusLine = false;  // help texts go to Title(1) instead of tool tips
   bool exportOn = true, chartOn = false, calendarOn = false;
   bool scrambleData = false, varObjects = false, showZero = false, startOnLast = false;
   bool hasDataPictures = false;
-  int dateFormat = 4;                      // 0 to 5: date stamp and fields of kind 6
-  int clockDateFormat = 4;                 // 0 to 5: Title(3)
+  int dateFormat = 4;       // 0 to 5: date stamp and fields of kind 6
+  int clockDateFormat = 4;  // 0 to 5: Title(3)
   // Values that had to be brought into their range, as names for message 17; each once.
   std::vector<std::string> problems;
 
@@ -90,8 +91,8 @@ struct Application {
 // Takes the payload's rows over, brings damaged values into range and works out what follows from them.
 Application makeApplication(Payload payload);
 
-// Message `number` (0 to 59) of the application with `*` replaced by `value`. The messages that the engine itself
-// needs read in plain English when the payload leaves them empty.
+// Message `number` (0 to 59) of the application with `*` replaced by `value`. The messages that the engine
+// itself needs read in plain English when the payload leaves them empty.
 std::string runMessage(const Application& application, int number, std::string_view value = {});
 // Caption `number` (0 to 80), "" when empty or unknown.
 std::string runCaption(const Application& application, int number);

@@ -1,5 +1,5 @@
-// Two tables decide the menu bar: which entries a title has, in which groups, and where each caption stands in the
-// payload. The rules of hiding are applied to the rows afterwards, the same way for every title.
+// Two tables decide the menu bar: which entries a title has, in which groups, and where each caption stands
+// in the payload. The rules of hiding are applied to the rows afterwards, the same way for every title.
 #include "engine/ApplicationMenus.h"
 
 #include "basic/Text.h"
@@ -68,7 +68,8 @@ void addOther(std::vector<Item>& items, const MenuRow& row, const Payload& paylo
   const PayloadApplication& app = payload.application;
   switch (row.id) {
     case MenuId::printReport:
-      for (std::size_t i = 0; i < payload.reports.size(); ++i) add(items, row, payload.reports[i].title, static_cast<int>(i));
+      for (std::size_t i = 0; i < payload.reports.size(); ++i)
+        add(items, row, payload.reports[i].title, static_cast<int>(i));
       break;
     case MenuId::viewDocName:
       for (std::size_t i = 0; i < payload.templates.size(); ++i)
@@ -78,13 +79,26 @@ void addOther(std::vector<Item>& items, const MenuRow& row, const Payload& paylo
       for (std::size_t i = 0; i < app.programs.size(); ++i)
         add(items, row, app.programs[i].visible ? app.programs[i].caption : "", static_cast<int>(i));
       break;
-    case MenuId::deleteRecord: add(items, row, app.deleteRecordCaption); break;
-    case MenuId::replaceMenu: add(items, row, app.replaceCaption); break;
-    case MenuId::indexFld: add(items, row, payload.header.indexCaption); break;
-    case MenuId::statistical: add(items, row, payload.header.statisticsCaption); break;
-    case MenuId::viewDoc: add(items, row, "Document"); break;
-    case MenuId::pdf: add(items, row, payload.documentsCaption); break;
-    default: add(items, row, "");
+    case MenuId::deleteRecord:
+      add(items, row, app.deleteRecordCaption);
+      break;
+    case MenuId::replaceMenu:
+      add(items, row, app.replaceCaption);
+      break;
+    case MenuId::indexFld:
+      add(items, row, payload.header.indexCaption);
+      break;
+    case MenuId::statistical:
+      add(items, row, payload.header.statisticsCaption);
+      break;
+    case MenuId::viewDoc:
+      add(items, row, "Document");
+      break;
+    case MenuId::pdf:
+      add(items, row, payload.documentsCaption);
+      break;
+    default:
+      add(items, row, "");
   }
 }
 

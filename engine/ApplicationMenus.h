@@ -1,5 +1,6 @@
-// The finished application's menus as rows: what the payload's captions leave of them, with every rule of hiding
-// already applied. A window builds its menu bar and the tips of its tool bar from these rows and decides nothing.
+// The finished application's menus as rows: what the payload's captions leave of them, with every rule of
+// hiding already applied. A window builds its menu bar and the tips of its tool bar from these rows and
+// decides nothing.
 #pragma once
 
 #include <string>
@@ -11,11 +12,39 @@ namespace plinth {
 
 enum class MenuId {
   none,
-  fmenu, mlist, newin, importmenu, expot, printingit, printReport, exitit,
-  ops, copying, pasting, cuting, copyadress, deletemarkrec, erasefile, deleteRecord, replaceMenu, cal, opt,
-  finding, finden0, finden3, finden4, finden5, newview, indexFld, statistical,
-  viewDoc, pdf, viewDocName,
-  helpit, infoo, aboutit,
+  fmenu,
+  mlist,
+  newin,
+  importmenu,
+  expot,
+  printingit,
+  printReport,
+  exitit,
+  ops,
+  copying,
+  pasting,
+  cuting,
+  copyadress,
+  deletemarkrec,
+  erasefile,
+  deleteRecord,
+  replaceMenu,
+  cal,
+  opt,
+  finding,
+  finden0,
+  finden3,
+  finden4,
+  finden5,
+  newview,
+  indexFld,
+  statistical,
+  viewDoc,
+  pdf,
+  viewDocName,
+  helpit,
+  infoo,
+  aboutit,
   passmenu,
 };
 
@@ -29,8 +58,8 @@ struct MenuEntry {
   bool separatorBefore = false;  // a line above; false wherever it would stand alone
 };
 
-// All entries in the order of the menu bar, each title before its entries. `passmenu` is always hidden here: it
-// appears for the main user after the login.
+// All entries in the order of the menu bar, each title before its entries. `passmenu` is always hidden here:
+// it appears for the main user after the login.
 std::vector<MenuEntry> makeMenus(const Payload& payload);
 
 // The row of an entry; nullptr when the application has none of that id and index.

@@ -1,5 +1,5 @@
-// The file is a run of self-describing values. Its reader first takes the run apart, because the user tables must be
-// found even when the application was redesigned since and has other labels in front of them.
+// The file is a run of self-describing values. Its reader first takes the run apart, because the user tables
+// must be found even when the application was redesigned since and has other labels in front of them.
 #include "engine/CfgFile.h"
 
 #include <algorithm>
@@ -14,12 +14,13 @@ constexpr std::size_t kUserTexts = 2 * kUserEntries;
 // A hostile file must not make millions of texts; no application has so many labels and fields.
 constexpr std::size_t kMaxTexts = 20000;
 
-// Tells designs apart: captions of the same application made again with other labels must not be covered by those of the
-// file, which are the old design's.
+// Tells designs apart: captions of the same application made again with other labels must not be covered by
+// those of the file, which are the old design's.
 std::string designMark(const Application& application) {
   std::uint64_t hash = 14695981039346656037ull;
   for (int n = kFirstKeptTitle; n <= application.titleCount(); ++n) {
-    for (const char c : application.titleRow(n).caption + '\n') hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ull;
+    for (const char c : application.titleRow(n).caption + '\n')
+      hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ull;
   }
   return "design " + std::to_string(hash);
 }
@@ -56,7 +57,8 @@ class CfgReader {
   void byte(std::uint8_t& value) {
     if (nextRight_ < rights_.size()) value = rights_[nextRight_++];
   }
-  // Another design may have had more or fewer labels: the fields' texts are the last ones in front of the users.
+  // Another design may have had more or fewer labels: the fields' texts are the last ones in front of the
+  // users.
   void beginFields(std::size_t count) {
     if (!sameDesign_) next_ = firstUser_ >= count ? firstUser_ - count : firstUser_;
   }
@@ -81,7 +83,8 @@ class CfgReader {
 template <class Archive>
 void walkShown(Archive& ar, const Application& application, std::vector<std::string>& titles,
                std::vector<FormField>& fields) {
-  for (int n = kFirstKeptTitle; n <= application.titleCount(); ++n) ar.scrambledText(titles[static_cast<std::size_t>(n)]);
+  for (int n = kFirstKeptTitle; n <= application.titleCount(); ++n)
+    ar.scrambledText(titles[static_cast<std::size_t>(n)]);
   std::size_t globals = 0;
   for (int n = 1; n <= application.fieldCount(); ++n) globals += application.globalField(n);
   ar.beginFields(globals);

@@ -1,5 +1,5 @@
-// The application's companion file beside the program: what is global to it rather than to a record. One walk serves
-// reader and writer; docs/formats/cfg.md has the picture.
+// The application's companion file beside the program: what is global to it rather than to a record. One walk
+// serves reader and writer; docs/formats/cfg.md has the picture.
 #pragma once
 
 #include <span>
@@ -19,9 +19,9 @@ struct CfgContents {
   bool users = false;   // the three user tables were whole and are in `users`
 };
 
-// Reads the file's bytes: captions of the titles from 6 up and texts of the global fields into `form`, the user tables
-// into `users`. Damaged bytes never fail: what cannot be read keeps its value, and tables that are not whole leave
-// `users` alone, so that a damaged file cannot remove a password.
+// Reads the file's bytes: captions of the titles from 6 up and texts of the global fields into `form`, the
+// user tables into `users`. Damaged bytes never fail: what cannot be read keeps its value, and tables that
+// are not whole leave `users` alone, so that a damaged file cannot remove a password.
 CfgContents readCfg(std::span<const std::uint8_t> bytes, const Application& application, RecordForm& form,
                     UserTable& users);
 Bytes writeCfg(const Application& application, const RecordForm& form, const UserTable& users);

@@ -1,5 +1,5 @@
-// What the session tells the main window: what happened, not which control to poke. The console tool and tests use the
-// empty NoView or a recording one.
+// What the session tells the main window: what happened, not which control to poke. The console tool and
+// tests use the empty NoView or a recording one.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ enum class FieldAction { none, web, mail, document, pdf, sound, picture, archive
 
 // The tools that follow the focused object.
 struct FocusTools {
-  std::string searchLabel;    // of the object; "" when nothing searchable has the focus
+  std::string searchLabel;  // of the object; "" when nothing searchable has the focus
   std::string searchToolTip;
   bool chart = false, sort = false, index = false, find = false;
   FieldAction action = FieldAction::none;
@@ -26,7 +26,8 @@ class EngineView {
   virtual void comboChanged(int) {}
   virtual void memoChanged(int) {}
   virtual void checkChanged(int) {}
-  // Another record, or the same afresh: every box, lock, picture, variable object and system title of the form.
+  // Another record, or the same afresh: every box, lock, picture, variable object and system title of the
+  // form.
   virtual void recordShown() {}
   // The caption of a system title changed (clock, date stamp, record number, help line).
   virtual void titleChanged(int) {}

@@ -16,11 +16,12 @@ namespace {
 struct ControlCharacter {
   unsigned char control, character;
 };
-constexpr ControlCharacter kControlCharacters[] = {{17, 162}, {23, 163}, {5, 169},  {18, 174}, {20, 185}, {25, 178},
-                                                   {21, 179}, {9, 188},  {15, 189}, {16, 190}, {27, 247}};
+constexpr ControlCharacter kControlCharacters[] = {{17, 162}, {23, 163}, {5, 169},  {18, 174},
+                                                   {20, 185}, {25, 178}, {21, 179}, {9, 188},
+                                                   {15, 189}, {16, 190}, {27, 247}};
 
-// Hours, minutes and seconds from the right of a run of digits, added up with date arithmetic, so that 90 seconds are
-// a minute and a half. nullopt without digits.
+// Hours, minutes and seconds from the right of a run of digits, added up with date arithmetic, so that 90
+// seconds are a minute and a half. nullopt without digits.
 std::optional<double> timeOfDigits(std::string_view text) {
   std::string digits;
   for (const char c : text)
@@ -40,7 +41,8 @@ bool hasLetter(std::string_view text) {
   return false;
 }
 
-EnteredField enterTime(int kind, std::string_view text, const EnteredField& before, double now, const Locale& locale) {
+EnteredField enterTime(int kind, std::string_view text, const EnteredField& before, double now,
+                       const Locale& locale) {
   std::optional<double> time;
   // "2:30 pm" means the afternoon, which digits alone cannot say.
   if (hasLetter(text)) time = readDate(text, locale, std::floor(now));
@@ -53,8 +55,8 @@ EnteredField enterTime(int kind, std::string_view text, const EnteredField& befo
   return entered;
 }
 
-EnteredField enterNumber(const Application& application, int kind, std::string_view text, const EnteredField& before,
-                         const Locale& locale) {
+EnteredField enterNumber(const Application& application, int kind, std::string_view text,
+                         const EnteredField& before, const Locale& locale) {
   const double value = val(normalizeNumber(text, locale));
   if (kind == 5 && !(std::abs(value) < 2147483647.5)) return before;
   if (kind == 1 || kind == 5) return {shownNumber(kind, value, application.showZero, locale), 0};
@@ -77,7 +79,8 @@ unsigned char keyPressFilter(int kind, unsigned char ch) {
 unsigned char casedKey(int textCase, unsigned char ch, std::string_view before, int codePage) {
   if (ch < 32) return ch;
   const std::string one(1, static_cast<char>(ch));
-  const bool wordBegins = before.empty() || before.back() == ' ' || before.back() == '\t' || before.back() == '\n';
+  const bool wordBegins =
+      before.empty() || before.back() == ' ' || before.back() == '\t' || before.back() == '\n';
   std::string result = one;
   if (textCase == 1 || (textCase == 2 && wordBegins)) result = upperCase(one, codePage);
   if (textCase == 3) result = lowerCase(one, codePage);
@@ -90,8 +93,8 @@ std::string casedText(int textCase, std::string_view text, int codePage) {
   std::string result(text);
   if (textCase == 2)
     for (std::size_t i = 0; i < result.size(); ++i)
-      result[i] = static_cast<char>(
-          casedKey(2, static_cast<unsigned char>(result[i]), std::string_view(result).substr(0, i), codePage));
+      result[i] = static_cast<char>(casedKey(2, static_cast<unsigned char>(result[i]),
+                                             std::string_view(result).substr(0, i), codePage));
   return result;
 }
 
@@ -103,8 +106,8 @@ double heldTime(int kind, std::string_view text, const Locale& locale) {
   return time ? *time - std::floor(*time) : 0;
 }
 
-EnteredField enterField(const Application& application, int n, std::string_view text, const EnteredField& before,
-                        double now, const Locale& locale) {
+EnteredField enterField(const Application& application, int n, std::string_view text,
+                        const EnteredField& before, double now, const Locale& locale) {
   const int kind = application.field(n).fieldType;
   const std::string typed = trim(text);
   if (isNumberKind(kind)) return enterNumber(application, kind, typed, before, locale);
@@ -149,10 +152,20 @@ FieldActionRow fieldAction(std::string_view text) {
   static constexpr FieldActionRow kSound{FieldAction::sound, "Play Wave", ""};
   static constexpr FieldActionRow kPicture{FieldAction::picture, "Show Picture", ""};
   static constexpr Test kTests[] = {
-      {".HTM", kWeb},     {"WWW.", kWeb},     {"@", {FieldAction::mail, "E-mail", "mailto:"}},
-      {".TXT", kDocument}, {".RTF", kDocument}, {".DOC", kDocument}, {".PDF", {FieldAction::pdf, "View PDF", ""}},
-      {".MP3", kSound},   {".MID", kSound},   {".WAV", kSound},
-      {".BMP", kPicture}, {".GIF", kPicture}, {".JPG", kPicture}, {".ZIP", {FieldAction::archive, "View Zip", ""}},
+      {".HTM", kWeb},
+      {"WWW.", kWeb},
+      {"@", {FieldAction::mail, "E-mail", "mailto:"}},
+      {".TXT", kDocument},
+      {".RTF", kDocument},
+      {".DOC", kDocument},
+      {".PDF", {FieldAction::pdf, "View PDF", ""}},
+      {".MP3", kSound},
+      {".MID", kSound},
+      {".WAV", kSound},
+      {".BMP", kPicture},
+      {".GIF", kPicture},
+      {".JPG", kPicture},
+      {".ZIP", {FieldAction::archive, "View Zip", ""}},
   };
   const std::string upper = upperAscii(text);
   for (const Test& test : kTests)

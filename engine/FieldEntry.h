@@ -1,5 +1,6 @@
-// What a field does with typed text, by its kind: which characters it takes, what a left box shows, what a new record
-// starts with, which action its content offers. Pure functions, so that window, tool and tests agree.
+// What a field does with typed text, by its kind: which characters it takes, what a left box shows, what a
+// new record starts with, which action its content offers. Pure functions, so that window, tool and tests
+// agree.
 #pragma once
 
 #include <optional>
@@ -12,12 +13,12 @@
 
 namespace plinth {
 
-// The character that a field of this kind takes for a typed one; 0 for none. Control codes become characters of the
-// Western code page.
+// The character that a field of this kind takes for a typed one; 0 for none. Control codes become characters
+// of the Western code page.
 unsigned char keyPressFilter(int kind, unsigned char ch);
 
-// A typed character in the case that the box wants (1 upper, 2 first letters, 3 lower, else as typed). before: what
-// stands before the caret.
+// A typed character in the case that the box wants (1 upper, 2 first letters, 3 lower, else as typed).
+// before: what stands before the caret.
 unsigned char casedKey(int textCase, unsigned char ch, std::string_view before, int codePage);
 
 // Whole texts, as pasted or set by programs.
@@ -30,10 +31,10 @@ struct EnteredField {
   std::string text;
   double date = 0;
 };
-// What a box shows and holds after somebody left it with `text`. before: what it held when it was entered; it returns when
-// the text cannot be what the field holds. now: a date serial with the time.
-EnteredField enterField(const Application& application, int n, std::string_view text, const EnteredField& before,
-                        double now, const Locale& locale);
+// What a box shows and holds after somebody left it with `text`. before: what it held when it was entered; it
+// returns when the text cannot be what the field holds. now: a date serial with the time.
+EnteredField enterField(const Application& application, int n, std::string_view text,
+                        const EnteredField& before, double now, const Locale& locale);
 
 // What field n starts with in a new record.
 EnteredField fieldDefault(const Application& application, int n, double now, const Locale& locale);

@@ -1,5 +1,5 @@
-// One handle is open at a time, on the segment of the last record that was touched; staying within a segment costs no
-// more than the read or write itself.
+// One handle is open at a time, on the segment of the last record that was touched; staying within a segment
+// costs no more than the read or write itself.
 #include "engine/FlatRecordStore.h"
 
 #include <algorithm>
@@ -13,16 +13,17 @@
 namespace plinth {
 namespace {
 
-constexpr std::int64_t kSmallestFile = 9;      // shorter ones have no header yet
-constexpr std::int64_t kCounterOffset = 9;     // PicCounter, over characters of the title
+constexpr std::int64_t kSmallestFile = 9;   // shorter ones have no header yet
+constexpr std::int64_t kCounterOffset = 9;  // PicCounter, over characters of the title
 constexpr std::int64_t kRecLenOffset = 15;
-constexpr int kMaxSegments = 9999;             // four digits in a name
+constexpr int kMaxSegments = 9999;  // four digits in a name
 constexpr int kAppendTries = 1000;
 
 void putI32(std::span<std::uint8_t> bytes, std::int64_t offset, std::int32_t value) {
   for (int i = 0; i < 4; ++i) {
     const std::size_t at = static_cast<std::size_t>(offset + i);
-    if (at < bytes.size()) bytes[at] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(value) >> (8 * i));
+    if (at < bytes.size())
+      bytes[at] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(value) >> (8 * i));
   }
 }
 
@@ -30,22 +31,29 @@ void putI32(std::span<std::uint8_t> bytes, std::int64_t offset, std::int32_t val
 
 FlatRecordStore::FlatRecordStore(SharedFiles& sharedFiles, Files& files, RecordCodec codec,
                                  const StoreRequest& request, std::int64_t segmentBytes)
-    : sharedFiles_(sharedFiles), files_(files), codec_(std::move(codec)), path_(request.path),
-      base_(withoutExtension(request.path)), readOnly_(request.readOnly) {
+    : sharedFiles_(sharedFiles),
+      files_(files),
+      codec_(std::move(codec)),
+      path_(request.path),
+      base_(withoutExtension(request.path)),
+      readOnly_(request.readOnly) {
   segRecs_ = std::max<std::int64_t>(1, segmentBytes / recLen() - 1);
-  maxRecords_ = std::min<std::int64_t>(segmentBytes / segRecs_ * segRecs_, std::numeric_limits<std::int32_t>::max());
+  maxRecords_ =
+      std::min<std::int64_t>(segmentBytes / segRecs_ * segRecs_, std::numeric_limits<std::int32_t>::max());
   buffer_.resize(static_cast<std::size_t>(recLen()));
 }
 
 Result<std::unique_ptr<FlatRecordStore>> FlatRecordStore::open(SharedFiles& sharedFiles, Files& files,
-                                                               const Application& application, const Locale& locale,
-                                                               const StoreRequest& request, std::int64_t segmentBytes) {
+                                                               const Application& application,
+                                                               const Locale& locale,
+                                                               const StoreRequest& request,
+                                                               std::int64_t segmentBytes) {
   const Result<RecordLayout> layout = computeLayout(application);
   if (!layout) return layout.error();
   if (!request.create && !files.exists(request.path))
     return Error{ErrorKind::notFound, request.path + " does not exist."};
-  std::unique_ptr<FlatRecordStore> store(
-      new FlatRecordStore(sharedFiles, files, RecordCodec(application, *layout, locale), request, segmentBytes));
+  std::unique_ptr<FlatRecordStore> store(new FlatRecordStore(
+      sharedFiles, files, RecordCodec(application, *layout, locale), request, segmentBytes));
   if (auto opened = store->openSegment(0); !opened) return opened.error();
   if (auto header = store->readHeader(request); !header) return header.error();
   store->findSegments();
@@ -53,8 +61,8 @@ Result<std::unique_ptr<FlatRecordStore>> FlatRecordStore::open(SharedFiles& shar
   return store;
 }
 
-// A record whose number is a multiple of segRecs_ is the last of the segment before: slot 0 would lie in front of the
-// file.
+// A record whose number is a multiple of segRecs_ is the last of the segment before: slot 0 would lie in
+// front of the file.
 FlatRecordStore::Slot FlatRecordStore::slotOf(std::int32_t record) const {
   const std::int64_t segment = (static_cast<std::int64_t>(record) - 1) / segRecs_;
   const std::int64_t slot = record - segment * segRecs_;
@@ -91,13 +99,14 @@ Result<void> FlatRecordStore::readHeader(const StoreRequest& request) {
   if (!(created_ >= 0 && created_ < 3e6)) created_ = 0;
   if (!keepsCounter()) return {};
   std::uint32_t counter = 0;
-  for (std::size_t i = 0; i < 4; ++i) counter |= static_cast<std::uint32_t>(header[kCounterOffset + i]) << (8 * i);
+  for (std::size_t i = 0; i < 4; ++i)
+    counter |= static_cast<std::uint32_t>(header[kCounterOffset + i]) << (8 * i);
   pictureCounter_ = static_cast<std::int32_t>(counter);
   return {};
 }
 
-// The header is exactly the bytes in front of the first slot, so that the first record is number 1; what does not fit is
-// left out.
+// The header is exactly the bytes in front of the first slot, so that the first record is number 1; what does
+// not fit is left out.
 Result<void> FlatRecordStore::writeHeader(const StoreRequest& request) {
   Bytes header(static_cast<std::size_t>(recLen() - 1));
   const double today = std::floor(request.today);
@@ -133,15 +142,18 @@ Result<std::int32_t> FlatRecordStore::refreshCount() {
 Result<void> FlatRecordStore::load(std::int32_t record, RecordForm& form) {
   if (record < 1) return Error{ErrorKind::notFound, "There is no record " + std::to_string(record) + "."};
   const Slot slot = slotOf(record);
-  if (slot.segment > lastSeg_) return Error{ErrorKind::notFound, "There is no record " + std::to_string(record) + "."};
+  if (slot.segment > lastSeg_)
+    return Error{ErrorKind::notFound, "There is no record " + std::to_string(record) + "."};
   if (auto opened = openSegment(slot.segment); !opened) return opened.error();
   const auto read = file_->read(slot.offset, buffer_);
   if (!read) return read.error();
   if (*read == 0) return Error{ErrorKind::notFound, "There is no record " + std::to_string(record) + "."};
-  // Where locks do not stop reads the question is put, so that nobody works on a record that is being changed.
+  // Where locks do not stop reads the question is put, so that nobody works on a record that is being
+  // changed.
   if (record > 1 && record != locked_) {
     const auto other = file_->lockedByOther(slot.offset, 1);
-    if (other.ok() && *other) return Error{ErrorKind::locked, "Record " + std::to_string(record) + " is in use."};
+    if (other.ok() && *other)
+      return Error{ErrorKind::locked, "Record " + std::to_string(record) + " is in use."};
   }
   std::fill(buffer_.begin() + static_cast<std::ptrdiff_t>(*read), buffer_.end(), std::uint8_t{0});
   codec_.decode(buffer_, form);
@@ -179,8 +191,9 @@ void FlatRecordStore::unlock(std::int32_t record) {
   if (file_ && slot.segment == openSeg_) static_cast<void>(file_->unlock(slot.offset, 1));
 }
 
-// Two users may append at once: whoever locks the slot first has the number, the other takes the next one. After the lock
-// the file is measured again, since the record may have been written between counting and locking.
+// Two users may append at once: whoever locks the slot first has the number, the other takes the next one.
+// After the lock the file is measured again, since the record may have been written between counting and
+// locking.
 Result<std::int32_t> FlatRecordStore::append() {
   if (readOnly_) return Error{ErrorKind::denied, "The data file is read-only."};
   unlock(locked_);

@@ -1,5 +1,5 @@
-// Records in one flat file of fixed-length slots, cut into numbered segment files when it grows: any record is one
-// positioned read away. docs/formats/data.md has the picture.
+// Records in one flat file of fixed-length slots, cut into numbered segment files when it grows: any record
+// is one positioned read away. docs/formats/data.md has the picture.
 #pragma once
 
 #include <memory>
@@ -17,9 +17,9 @@ inline constexpr std::int64_t kSegmentBytes = 2'140'000'000;
 
 class FlatRecordStore : public RecordStore {
  public:
-  // Opens or makes request.path and finds its segments. segmentBytes: the length that segments are cut by; a parameter
-  // so that tests reach the second segment. Errors: notFound, denied, locked, damaged (record too long), failed.
-  // `files` and `sharedFiles`, the application and the locale must outlive the store.
+  // Opens or makes request.path and finds its segments. segmentBytes: the length that segments are cut by; a
+  // parameter so that tests reach the second segment. Errors: notFound, denied, locked, damaged (record too
+  // long), failed. `files` and `sharedFiles`, the application and the locale must outlive the store.
   static Result<std::unique_ptr<FlatRecordStore>> open(SharedFiles& sharedFiles, Files& files,
                                                        const Application& application, const Locale& locale,
                                                        const StoreRequest& request,
@@ -73,6 +73,7 @@ class FlatRecordStore : public RecordStore {
 };
 
 // The opener of sessions for flat files.
-StoreOpener flatStoreOpener(SharedFiles& sharedFiles, Files& files, std::int64_t segmentBytes = kSegmentBytes);
+StoreOpener flatStoreOpener(SharedFiles& sharedFiles, Files& files,
+                            std::int64_t segmentBytes = kSegmentBytes);
 
 }  // namespace plinth

@@ -1,5 +1,5 @@
-// Reads of objects that do not exist give empty values and writes to them are passed over: formulas name numbers that the
-// designer may have deleted since.
+// Reads of objects that do not exist give empty values and writes to them are passed over: formulas name
+// numbers that the designer may have deleted since.
 #include "engine/FormHost.h"
 
 #include "formula/FieldDisplay.h"
@@ -9,14 +9,20 @@ namespace {
 
 template <class Rows>
 bool liveRow(const Rows& rows, int n) {
-  return n >= 0 && n < static_cast<int>(rows.size()) && Application::live(rows[static_cast<std::size_t>(n)].page);
+  return n >= 0 && n < static_cast<int>(rows.size()) &&
+         Application::live(rows[static_cast<std::size_t>(n)].page);
 }
 
 }  // namespace
 
 FormHost::FormHost(const Application& application, RecordForm& form, EngineView& view, Messages& messages,
                    const Clock& clock, const Locale& locale)
-    : application_(application), form_(form), view_(view), messages_(messages), clock_(clock), locale_(locale) {}
+    : application_(application),
+      form_(form),
+      view_(view),
+      messages_(messages),
+      clock_(clock),
+      locale_(locale) {}
 
 bool FormHost::liveField(int n) const { return liveRow(application_.payload.fields, n); }
 
@@ -28,7 +34,9 @@ std::string_view FormHost::fieldFormula(int n) const {
 
 int FormHost::fieldDayOffset(int n) const { return liveField(n) ? application_.field(n).dayOffset : 0; }
 
-bool FormHost::fieldBlankWhenZero(int n) const { return liveField(n) && application_.field(n).noDefaultDate != 0; }
+bool FormHost::fieldBlankWhenZero(int n) const {
+  return liveField(n) && application_.field(n).noDefaultDate != 0;
+}
 
 std::string FormHost::fieldText(int n) const {
   return liveField(n) ? form_.fields[static_cast<std::size_t>(n)].text : std::string();
@@ -52,10 +60,13 @@ void FormHost::setFieldText(int n, std::string_view text) {
   if (isDateKind(kind))
     shown = field.date == 0 ? "" : formatFieldDate(kind, field.date, application_.dateFormat, locale_);
   const bool asText = !isDateKind(kind) && !isNumberKind(kind);
-  setText(field.text, shown, asText ? application_.field(n).fieldLength : kMaxFieldLength, &EngineView::fieldChanged, n);
+  setText(field.text, shown, asText ? application_.field(n).fieldLength : kMaxFieldLength,
+          &EngineView::fieldChanged, n);
 }
 
-double FormHost::fieldDate(int n) const { return liveField(n) ? form_.fields[static_cast<std::size_t>(n)].date : 0; }
+double FormHost::fieldDate(int n) const {
+  return liveField(n) ? form_.fields[static_cast<std::size_t>(n)].date : 0;
+}
 
 void FormHost::setFieldDate(int n, double serial) {
   if (!liveField(n)) return;
@@ -64,7 +75,8 @@ void FormHost::setFieldDate(int n, double serial) {
 }
 
 std::string FormHost::comboText(int n) const {
-  return liveRow(application_.payload.combos, n) ? form_.combos[static_cast<std::size_t>(n)].text : std::string();
+  return liveRow(application_.payload.combos, n) ? form_.combos[static_cast<std::size_t>(n)].text
+                                                 : std::string();
 }
 
 void FormHost::setComboText(int n, std::string_view text) {
@@ -74,7 +86,8 @@ void FormHost::setComboText(int n, std::string_view text) {
 }
 
 std::string FormHost::memoText(int n) const {
-  return liveRow(application_.payload.memos, n) ? form_.memos[static_cast<std::size_t>(n)].text : std::string();
+  return liveRow(application_.payload.memos, n) ? form_.memos[static_cast<std::size_t>(n)].text
+                                                : std::string();
 }
 
 void FormHost::setMemoText(int n, std::string_view text) {
@@ -84,7 +97,8 @@ void FormHost::setMemoText(int n, std::string_view text) {
 }
 
 int FormHost::checkValue(int n) const {
-  return liveRow(application_.payload.checks, n) && form_.checks[static_cast<std::size_t>(n)].value != 0 ? 1 : 0;
+  return liveRow(application_.payload.checks, n) && form_.checks[static_cast<std::size_t>(n)].value != 0 ? 1
+                                                                                                         : 0;
 }
 
 void FormHost::setCheckValue(int n, int value) {

@@ -1,5 +1,5 @@
-// The record form as the expression language sees it. Every write that changes something is told on, so that the window
-// repaints one box and a script's first change begins an edit.
+// The record form as the expression language sees it. Every write that changes something is told on, so that
+// the window repaints one box and a script's first change begins an edit.
 #pragma once
 
 #include <functional>
@@ -16,10 +16,11 @@ namespace plinth {
 class FormHost : public FormulaHost {
  public:
   // All arguments must outlive the host.
-  FormHost(const Application& application, RecordForm& form, EngineView& view, Messages& messages, const Clock& clock,
-           const Locale& locale);
+  FormHost(const Application& application, RecordForm& form, EngineView& view, Messages& messages,
+           const Clock& clock, const Locale& locale);
 
-  // Called before the first and every other change; false keeps the form as it is. Empty: every change goes through.
+  // Called before the first and every other change; false keeps the form as it is. Empty: every change goes
+  // through.
   std::function<bool()> beforeChange;
 
   int fieldCount() const override { return application_.fieldCount(); }
@@ -49,7 +50,8 @@ class FormHost : public FormulaHost {
  private:
   bool liveField(int n) const;
   bool allowed() const { return !beforeChange || beforeChange(); }
-  void setText(std::string& target, std::string_view text, std::int32_t room, void (EngineView::*changed)(int), int n);
+  void setText(std::string& target, std::string_view text, std::int32_t room,
+               void (EngineView::*changed)(int), int n);
   const Application& application_;
   RecordForm& form_;
   EngineView& view_;

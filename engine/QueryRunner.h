@@ -1,5 +1,5 @@
-// The seam between button scripts and the search window: a line that is a query goes through it, and the totals that
-// queries leave come back to the lines after it.
+// The seam between button scripts and the search window: a line that is a query goes through it, and the
+// totals that queries leave come back to the lines after it.
 #pragma once
 
 #include <string_view>
@@ -17,8 +17,8 @@ class QueryRunner {
   virtual SearchTotals totals() const = 0;
 };
 
-// Whether a script line is a query: begins with "replace " or "select " and holds " where ", or begins with "sum " or
-// "count "; case does not count.
+// Whether a script line is a query: begins with "replace " or "select " and holds " where ", or begins with
+// "sum " or "count "; case does not count.
 bool isQueryLine(std::string_view line);
 
 }  // namespace plinth

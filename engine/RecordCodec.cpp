@@ -1,5 +1,5 @@
-// Encoding and decoding go through the objects in layout order. Currency stays a whole number of ten-thousandths all the
-// way, since a double loses cents from sixteen digits up.
+// Encoding and decoding go through the objects in layout order. Currency stays a whole number of
+// ten-thousandths all the way, since a double loses cents from sixteen digits up.
 #include "engine/RecordCodec.h"
 
 #include <algorithm>
@@ -51,21 +51,24 @@ void writeLittle(std::span<std::uint8_t> bytes, std::int32_t position, T value) 
 }
 
 // Trailing blanks are the padding; NULs are the bytes of a slot that was never written.
-void readText(std::span<const std::uint8_t> bytes, std::int32_t position, std::int32_t length, std::string& text) {
+void readText(std::span<const std::uint8_t> bytes, std::int32_t position, std::int32_t length,
+              std::string& text) {
   const char* from = reinterpret_cast<const char*>(bytes.data()) + position - 1;
   std::size_t end = static_cast<std::size_t>(length);
   while (end > 0 && (from[end - 1] == ' ' || from[end - 1] == '\0')) --end;
   text.assign(from, end);
 }
 
-void writeText(std::span<std::uint8_t> bytes, std::int32_t position, std::int32_t length, const std::string& text) {
+void writeText(std::span<std::uint8_t> bytes, std::int32_t position, std::int32_t length,
+               const std::string& text) {
   const std::size_t count = std::min(text.size(), static_cast<std::size_t>(length));
   std::memcpy(bytes.data() + position - 1, text.data(), count);
 }
 
 bool isShownZero(const std::string& text, const Locale& locale) {
   if (text.empty() || text.size() > 6 || text[0] != '0') return false;
-  return std::all_of(text.begin(), text.end(), [&](char c) { return c == '0' || c == locale.decimalSeparator; });
+  return std::all_of(text.begin(), text.end(),
+                     [&](char c) { return c == '0' || c == locale.decimalSeparator; });
 }
 
 std::int32_t wholeValue(double value) {
@@ -102,7 +105,8 @@ std::int64_t scaledValue(double value) {
 
 std::int64_t scaledFromText(std::string_view text, const Locale& locale) {
   const std::string plain = normalizeNumber(text, locale);
-  // The leading number's plain digits are read as they stand; whatever else val() knows goes the way of doubles.
+  // The leading number's plain digits are read as they stand; whatever else val() knows goes the way of
+  // doubles.
   std::size_t i = 0;
   while (i < plain.size() && plain[i] == ' ') ++i;
   const std::size_t begin = i;
@@ -199,7 +203,8 @@ void RecordCodec::encode(const RecordForm& form, std::span<std::uint8_t> bytes) 
     if (layout_.combos[i]) writeText(bytes, layout_.combos[i], p.combos[i].fieldLength, form.combos[i].text);
   for (std::size_t i = 0; i < layout_.checks.size(); ++i)
     if (layout_.checks[i])
-      bytes[static_cast<std::size_t>(layout_.checks[i] - 1)] = static_cast<std::uint8_t>(form.checks[i].value & 255);
+      bytes[static_cast<std::size_t>(layout_.checks[i] - 1)] =
+          static_cast<std::uint8_t>(form.checks[i].value & 255);
   for (std::size_t i = 0; i < layout_.pictures.size(); ++i)
     if (layout_.pictures[i]) writeText(bytes, layout_.pictures[i], kPictureStemSize, form.pictures[i].stem);
   for (std::size_t i = 0; i < layout_.memos.size(); ++i)

@@ -1,5 +1,5 @@
-// Between a record's bytes and the form: every field kind's stored form in one place. No input or output and no
-// allocation beyond the texts themselves, so that a load costs little more than its one read.
+// Between a record's bytes and the form: every field kind's stored form in one place. No input or output and
+// no allocation beyond the texts themselves, so that a load costs little more than its one read.
 #pragma once
 
 #include <cstdint>
@@ -20,13 +20,13 @@ class RecordCodec {
 
   const RecordLayout& layout() const { return layout_; }
 
-  // Shows a slot of layout().recLen bytes, still substituted where the application says so, in the form: texts
-  // without trailing blanks, numbers and dates in their kind's display. `bytes` is working space and is changed.
-  // Neither locks nor titles nor calculated fields are touched.
+  // Shows a slot of layout().recLen bytes, still substituted where the application says so, in the form:
+  // texts without trailing blanks, numbers and dates in their kind's display. `bytes` is working space and is
+  // changed. Neither locks nor titles nor calculated fields are touched.
   void decode(std::span<std::uint8_t> bytes, RecordForm& form) const;
 
-  // Builds the slot's bytes from the form: blanks first, texts cut to their room, numbers outside a stored type's range
-  // brought to its nearest end. Substituted where the application says so.
+  // Builds the slot's bytes from the form: blanks first, texts cut to their room, numbers outside a stored
+  // type's range brought to its nearest end. Substituted where the application says so.
   void encode(const RecordForm& form, std::span<std::uint8_t> bytes) const;
 
  private:

@@ -1,5 +1,5 @@
-// What the boxes of one record show, as a value. The store moves it from and to disk, formulas and the tool work on it,
-// the window mirrors it: nothing but the form knows the record being edited.
+// What the boxes of one record show, as a value. The store moves it from and to disk, formulas and the tool
+// work on it, the window mirrors it: nothing but the form knows the record being edited.
 #pragma once
 
 #include <cstdint>
@@ -31,8 +31,8 @@ struct FormPicture {
   bool locked = false;
 };
 
-// Free labels and pictures that a person dropped onto one record. Positions and sizes in twips. The objects stay in
-// the form from record to record and are only hidden.
+// Free labels and pictures that a person dropped onto one record. Positions and sizes in twips. The objects
+// stay in the form from record to record and are only hidden.
 struct VariableLabel {
   bool visible = false;
   int page = 0;
@@ -58,8 +58,8 @@ struct RecordForm {
   std::vector<FormCheck> checks;
   std::vector<FormPicture> pictures;  // fixed pictures of the design keep an empty stem
   std::vector<FormText> memos;
-  std::vector<std::string> titles;    // captions as shown, also of the system labels 1 to 5
-  double dateStamp = 0;               // whole days; 0 for none
+  std::vector<std::string> titles;  // captions as shown, also of the system labels 1 to 5
+  double dateStamp = 0;             // whole days; 0 for none
   std::vector<VariableLabel> labels;
   std::vector<VariablePicture> variablePictures;
 };

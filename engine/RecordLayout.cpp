@@ -53,9 +53,12 @@ Result<RecordLayout> computeLayout(const Application& application) {
   };
   const auto length = [](const auto& row) -> std::int64_t { return row.fieldLength; };
   lay(p.combos, layout.combos, length, true);
-  lay(p.checks, layout.checks, [](const auto&) -> std::int64_t { return 1; }, true);
-  lay(p.pictures, layout.pictures,
-      [](const PayloadPicture& picture) -> std::int64_t { return picture.isData() ? kPictureStemSize : -1; }, false);
+  lay(
+      p.checks, layout.checks, [](const auto&) -> std::int64_t { return 1; }, true);
+  lay(
+      p.pictures, layout.pictures,
+      [](const PayloadPicture& picture) -> std::int64_t { return picture.isData() ? kPictureStemSize : -1; },
+      false);
   lay(p.memos, layout.memos, length, true);
   if (application.hasDateStamp()) layout.dateStamp = cursor.take(kDateStampSize);
   if (application.varObjects) layout.variableArea = cursor.take(kVariableAreaSize);

@@ -1,5 +1,5 @@
-// Where each object's bytes stand in a record slot. The order of objects is the file format: it is walked once, here,
-// and reader, writer, index and search all take offsets from the result.
+// Where each object's bytes stand in a record slot. The order of objects is the file format: it is walked
+// once, here, and reader, writer, index and search all take offsets from the result.
 #pragma once
 
 #include <cstdint>

@@ -10,7 +10,9 @@
 namespace plinth {
 
 RecordSession::RecordSession(StartUp start, const SessionServices& services)
-    : start_(std::move(start)), services_(services), view_(services.view ? services.view : &noView_),
+    : start_(std::move(start)),
+      services_(services),
+      view_(services.view ? services.view : &noView_),
       form_(start_.form),
       host_(start_.application, form_, *view_, services.messages, services.clock, services.locale) {
   if (form_.fields.empty()) form_ = makeRecordForm(start_.application);
@@ -78,7 +80,8 @@ bool RecordSession::openData(bool isNew) {
 }
 
 bool RecordSession::openStore(bool create) {
-  StoreRequest request{start_.data.path(), create, readOnly_, std::floor(services_.clock.now()), application().title};
+  StoreRequest request{start_.data.path(), create, readOnly_, std::floor(services_.clock.now()),
+                       application().title};
   auto store = services_.openStore(request, application(), services_.locale);
   if (!store && store.error().kind == ErrorKind::denied && !readOnly_ && !create) {
     request.readOnly = readOnly_ = true;
@@ -140,12 +143,13 @@ bool RecordSession::close(bool evenIfUnsaved) {
   return true;
 }
 
-// Only the main user's edits reach the tables; everybody else writes back what the file holds by now, so that a password
-// set in another running copy stays.
+// Only the main user's edits reach the tables; everybody else writes back what the file holds by now, so that
+// a password set in another running copy stays.
 void RecordSession::writeSettings() {
   UserTable users = start_.users;
-  const Result<Bytes> onDisk = services_.files.exists(start_.cfgPath) ? services_.files.read(start_.cfgPath)
-                                                                      : Result<Bytes>(Error{ErrorKind::notFound, {}});
+  const Result<Bytes> onDisk = services_.files.exists(start_.cfgPath)
+                                   ? services_.files.read(start_.cfgPath)
+                                   : Result<Bytes>(Error{ErrorKind::notFound, {}});
   if (onDisk && !usersEdited_) {
     RecordForm scratch = form_;
     readCfg(*onDisk, application(), scratch, users);
@@ -155,7 +159,8 @@ void RecordSession::writeSettings() {
   const auto written = services_.files.write(start_.cfgPath, bytes);
   bool somethingLost = usersEdited_;
   for (int n = 1; n <= application().fieldCount(); ++n)
-    somethingLost = somethingLost || (application().globalField(n) && !form_.fields[static_cast<std::size_t>(n)].text.empty());
+    somethingLost = somethingLost ||
+                    (application().globalField(n) && !form_.fields[static_cast<std::size_t>(n)].text.empty());
   // A program in a folder that its user may not write runs well without the file.
   if (!written && somethingLost) report(written.error());
 }

@@ -1,5 +1,5 @@
-// The controller of the main window: one open database and its current record. Windows forward their events as plain
-// values, the console tool calls the same functions; what changed is told to an EngineView.
+// The controller of the main window: one open database and its current record. Windows forward their events
+// as plain values, the console tool calls the same functions; what changed is told to an EngineView.
 #pragma once
 
 #include <array>
@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "engine/CfgFile.h"
-#include "engine/FormHost.h"
 #include "engine/EngineView.h"
+#include "engine/FormHost.h"
 #include "engine/QueryRunner.h"
 #include "engine/RecordStore.h"
 #include "engine/StartUp.h"
@@ -32,15 +32,15 @@ struct SessionServices {
   const Locale& locale;
   Shell& shell;
   StoreOpener openStore;
-  EngineView* view = nullptr;            // nullptr: nobody looks
-  QueryRunner* queries = nullptr;        // nullptr: a query line of a script says that it cannot run
+  EngineView* view = nullptr;      // nullptr: nobody looks
+  QueryRunner* queries = nullptr;  // nullptr: a query line of a script says that it cannot run
 };
 
 // What a window does with a key after the session has seen it.
 struct KeyResult {
-  bool swallow = false;    // the key does nothing more
-  std::string insert;      // text to put in place of the selection, as if typed
-  int scroll = 0;          // lines to scroll the page: -1 up, 1 down
+  bool swallow = false;  // the key does nothing more
+  std::string insert;    // text to put in place of the selection, as if typed
+  int scroll = 0;        // lines to scroll the page: -1 up, 1 down
   static KeyResult swallowed() { return {true, {}, 0}; }
 };
 
@@ -79,14 +79,16 @@ class RecordSession {
   // --- Database.
   // Chooses another data file (open and new menus); a dirty record is saved first. False when saving failed.
   bool chooseData(const DataFile& data);
-  // OpenData: opens the chosen file or asks to make it. isNew: makes it without a question. False when it stays closed.
+  // OpenData: opens the chosen file or asks to make it. isNew: makes it without a question. False when it
+  // stays closed.
   bool openData(bool isNew);
   // Record `curRec` from disk into the form.
   void loadRecord();
-  // The form to disk; true when it is there. After a failure the record stays on screen and a message has been shown.
+  // The form to disk; true when it is there. After a failure the record stays on screen and a message has
+  // been shown.
   bool saveRecord();
-  // First change: marks the record and locks it. False when another user holds it or nothing may be written; the form
-  // then shows the record as it is on disk.
+  // First change: marks the record and locks it. False when another user holds it or nothing may be written;
+  // the form then shows the record as it is on disk.
   bool beginEdit();
   // NewRecord; false when none could be added.
   bool newRecord();
@@ -94,21 +96,23 @@ class RecordSession {
   void setFieldDefault(int n);
   // Erasefile_Click: empties the record in place.
   void erasefileClick();
-  // Saves a dirty record and writes the .cfg file; false when the record could not be saved (it stays on screen).
-  // `evenIfUnsaved` closes all the same.
+  // Saves a dirty record and writes the .cfg file; false when the record could not be saved (it stays on
+  // screen). `evenIfUnsaved` closes all the same.
   bool close(bool evenIfUnsaved = false);
 
   // --- Moving. Codes of Command2_Click: 0 first, 1 back 10, 2 back, 3 forward, 4 forward 10, 5 last.
   void command2Click(int index);
-  void newbutClick();                        // saves a changed record, then a new one
-  void text1Enter(std::string_view text);    // record box: goes to the record typed
-  std::string text1() const;                 // what the record box shows
-  // The window came to the front: the view goes on from the record on screen. A number typed into the record box counts
-  // only after Enter, since the boxes still show another record.
+  void newbutClick();                      // saves a changed record, then a new one
+  void text1Enter(std::string_view text);  // record box: goes to the record typed
+  std::string text1() const;               // what the record box shows
+  // The window came to the front: the view goes on from the record on screen. A number typed into the record
+  // box counts only after Enter, since the boxes still show another record.
   void formActivate();
-  // Shows one record (1 upward), saving a dirty one first; false when another one or none is on screen afterwards.
+  // Shows one record (1 upward), saving a dirty one first; false when another one or none is on screen
+  // afterwards.
   bool goToRecord(std::int32_t record);
-  // Keys that the window sees before its boxes: Ctrl+1 to Ctrl+6 and Insert with Ctrl. True when it was one of them.
+  // Keys that the window sees before its boxes: Ctrl+1 to Ctrl+6 and Insert with Ctrl. True when it was one
+  // of them.
   bool formKeyDown(const KeyEvent& key);
   int viewMode() const { return viewMode_; }
   // 0 record order, 1 ascending, 2 descending with the order of a sort; shows the first record of the view.
@@ -130,7 +134,7 @@ class RecordSession {
   void fieldLostFocus(int n);
   // The calendar of a DownB button: a day (serial) for a date field.
   void fieldDatePicked(int n, double serial);
-  void actionClick();                        // the action tool
+  void actionClick();  // the action tool
   // Pause key twice: the stop-watch of Timer1 runs; the window ticks it some times a second.
   bool stopWatchRunning() const { return stopWatchField_ != 0; }
   void stopWatchTick();
@@ -139,26 +143,26 @@ class RecordSession {
   void comboGotFocus(int n);
   KeyResult comboKeyDown(int n, const KeyEvent& key);
   unsigned char comboKeyPress(int n, unsigned char ch, int caret);
-  void comboEdited(int n, std::string_view text);   // typed
-  void comboClick(int n, std::string_view text);    // chosen from the list
+  void comboEdited(int n, std::string_view text);  // typed
+  void comboClick(int n, std::string_view text);   // chosen from the list
   void memoGotFocus(int n);
   KeyResult memoKeyDown(int n, const KeyEvent& key);
   void memoEdited(int n, std::string_view text);
   void checkGotFocus(int n);
-  void checkClick(int n);                            // toggles, unless locked
+  void checkClick(int n);  // toggles, unless locked
   // Data pictures: the image is missing (`missing`) or cannot be decoded.
   void pictureFailed(int n, bool missing);
   // Path of the image of data picture n, "" for the blank one.
   std::string dataPictureFile(int n) const;
 
   // --- Links.
-  void commandClick(int button);             // Command1_Click
+  void commandClick(int button);  // Command1_Click
   void titleClick(int title);
   const FocusTools& tools() const { return tools_; }
   // 1 field, 2 combo, 3 check box, 4 memo; 0 none.
   int focusKind() const { return focusKind_; }
   int focusIndex() const { return focusIndex_; }
-  void timer2Tick();                         // each second: Title(2) and Title(3)
+  void timer2Tick();  // each second: Title(2) and Title(3)
   // Calculated fields of the form as it stands.
   void runFormulas();
 

@@ -1,4 +1,5 @@
-// What boxes do on focus, key, typing and leaving. The window forwards; what a key or a text means is decided here.
+// What boxes do on focus, key, typing and leaving. The window forwards; what a key or a text means is decided
+// here.
 #include <algorithm>
 #include <cmath>
 
@@ -18,7 +19,8 @@ constexpr int kPause = 19, kUp = 38, kDown = 40, kInsert = 45, kF1 = 112, kF5 = 
 // Keys that change no text: they must not mark a record as changed.
 bool isNavigationKey(const KeyEvent& key) {
   if (key.shift & kAlt) return true;
-  if (key.shift & kCtrl) return key.key != 'X' && key.key != 'V' && key.key != 'Z' && key.key != 8 && key.key != 46;
+  if (key.shift & kCtrl)
+    return key.key != 'X' && key.key != 'V' && key.key != 'Z' && key.key != 8 && key.key != 46;
   if (key.key == kInsert) return !(key.shift & kShift);
   constexpr int kOthers[] = {9, 13, 16, 17, 18, kPause, 20, 27, 44, 91, 92, 93, 144, 145};
   return (key.key >= 33 && key.key <= 40) || (key.key >= kF1 && key.key <= 135) ||
@@ -109,8 +111,7 @@ KeyResult RecordSession::fieldKeyDown(int n, const KeyEvent& key) {
     command2Click(key.key - kF1);
     return KeyResult::swallowed();
   }
-  if ((key.key == kUp || key.key == kDown) && key.shift == 0)
-    return {true, {}, key.key == kUp ? -1 : 1};
+  if ((key.key == kUp || key.key == kDown) && key.shift == 0) return {true, {}, key.key == kUp ? -1 : 1};
   return editKey(key, field(n).locked);
 }
 
@@ -214,7 +215,8 @@ void RecordSession::comboEdited(int n, std::string_view text) {
 
 void RecordSession::comboClick(int n, std::string_view text) {
   comboEdited(n, text);
-  if (n >= 1 && n <= application().comboCount() && mayEdit(form_.combos[static_cast<std::size_t>(n)].locked)) runFormulas();
+  if (n >= 1 && n <= application().comboCount() && mayEdit(form_.combos[static_cast<std::size_t>(n)].locked))
+    runFormulas();
 }
 
 void RecordSession::memoGotFocus(int n) {

@@ -1,4 +1,5 @@
-// Moving between records and pages, and what buttons and linked titles do: navigation words, scripts, documents.
+// Moving between records and pages, and what buttons and linked titles do: navigation words, scripts,
+// documents.
 #include <algorithm>
 #include <cmath>
 
@@ -23,7 +24,9 @@ std::optional<int> navigationCode(std::string_view word) {
   return std::nullopt;
 }
 
-bool beginsWith(std::string_view text, std::string_view start) { return text.substr(0, start.size()) == start; }
+bool beginsWith(std::string_view text, std::string_view start) {
+  return text.substr(0, start.size()) == start;
+}
 
 }  // namespace
 
@@ -63,13 +66,26 @@ void RecordSession::move(int index) {
   if (count < 1) return;
   viewPos_ = std::clamp(viewPos_, 1, count);
   switch (index) {
-    case 0: viewPos_ = 1; break;
-    case 1: if (viewPos_ - 10 > 0) viewPos_ -= 10; break;
-    case 2: viewPos_ = std::max(1, viewPos_ - 1); break;
-    case 3: viewPos_ = std::min(count, viewPos_ + 1); break;
-    case 4: if (viewPos_ <= count - 10) viewPos_ += 10; break;
-    case 5: viewPos_ = count; break;
-    default: return;
+    case 0:
+      viewPos_ = 1;
+      break;
+    case 1:
+      if (viewPos_ - 10 > 0) viewPos_ -= 10;
+      break;
+    case 2:
+      viewPos_ = std::max(1, viewPos_ - 1);
+      break;
+    case 3:
+      viewPos_ = std::min(count, viewPos_ + 1);
+      break;
+    case 4:
+      if (viewPos_ <= count - 10) viewPos_ += 10;
+      break;
+    case 5:
+      viewPos_ = count;
+      break;
+    default:
+      return;
   }
   movedBack_ = index <= 2;
   const std::int32_t target = recordAt(viewPos_);
@@ -157,7 +173,8 @@ void RecordSession::pgeClick(int page) {
 void RecordSession::timer2Tick() {
   const double now = services_.clock.now();
   const std::string time = formatDate(now, "h:mmam/pm", services_.locale);
-  const std::string day = formatDate(now, applicationDatePattern(application().clockDateFormat), services_.locale);
+  const std::string day =
+      formatDate(now, applicationDatePattern(application().clockDateFormat), services_.locale);
   const auto show = [&](int title, const std::string& text) {
     std::string& caption = form_.titles[static_cast<std::size_t>(title)];
     if (caption == text) return;
@@ -187,7 +204,8 @@ void RecordSession::titleClick(int title) {
 
 void RecordSession::runScript(const std::string& script) {
   if (!saveIfDirty()) return;
-  // A line's first change takes the record as typing does; when another user holds it, the script changes nothing.
+  // A line's first change takes the record as typing does; when another user holds it, the script changes
+  // nothing.
   bool refused = false;
   host_.beforeChange = [this, &refused] {
     if (!refused && !(dirty_ && recLocked_)) refused = !beginEdit();
@@ -207,7 +225,8 @@ void RecordSession::runScriptLine(const std::string& line) {
   else if (services_.queries)
     services_.queries->run(ready);
   else
-    services_.messages.show("This program has no search window to run the line: " + ready, MessageIcon::warning);
+    services_.messages.show("This program has no search window to run the line: " + ready,
+                            MessageIcon::warning);
 }
 
 void RecordSession::followLink(const std::string& link, bool button) {

@@ -1,5 +1,5 @@
-// One record between disk and form: load, save, first change, new, erase. Nothing here writes a record other than the one
-// the form shows.
+// One record between disk and form: load, save, first change, new, erase. Nothing here writes a record other
+// than the one the form shows.
 #include <cmath>
 
 #include "basic/DateSerial.h"
@@ -54,6 +54,8 @@ bool RecordSession::stepAfter(const Error& error, std::int32_t& tries) {
 
 void RecordSession::showLoaded() {
   form_.record = curRec_;
+  // Before any message: a box that loses the focus to it must not be taken for changed.
+  rememberFocused();
   releaseLock();
   applyLocks();
   checkPictures();
@@ -93,14 +95,15 @@ void RecordSession::pictureFailed(int n, bool missing) {
   }
 }
 
-// The date stamp's caption in the design is a sample date; one without a digit is words to stand before the date.
+// The date stamp's caption in the design is a sample date; one without a digit is words to stand before the
+// date.
 void RecordSession::showSystemTitles() {
   const std::string& caption = application().titleRow(4).caption;
   const bool isPrefix = caption.find_first_of("0123456789") == std::string::npos;
-  const std::string day = form_.dateStamp == 0 ? std::string()
-                                               : formatDate(form_.dateStamp,
-                                                            applicationDatePattern(application().dateFormat),
-                                                            services_.locale);
+  const std::string day =
+      form_.dateStamp == 0
+          ? std::string()
+          : formatDate(form_.dateStamp, applicationDatePattern(application().dateFormat), services_.locale);
   form_.titles[4] = (isPrefix ? caption : std::string()) + day;
   form_.titles[5] = zeroPadded(curRec_, 8);
 }

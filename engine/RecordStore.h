@@ -1,5 +1,5 @@
-// Where records live. Sessions, the tool and exports know a store only by this interface, so that another store (over
-// a database server, say) can take the flat file's place.
+// Where records live. Sessions, the tool and exports know a store only by this interface, so that another
+// store (over a database server, say) can take the flat file's place.
 #pragma once
 
 #include <cstdint>
@@ -27,20 +27,22 @@ class RecordStore {
   // Counts afresh, so that records appended by others appear.
   virtual Result<std::int32_t> refreshCount() = 0;
 
-  // Reads one record into `form`. record: 1 to count(). Cost: one positioned read. Errors: locked (another user edits
-  // it), notFound (no such record), damaged (part of it is missing), failed with the system's text; `form` is then
-  // unchanged. Does not recompute formulas and does not touch locks, titles or form.record.
+  // Reads one record into `form`. record: 1 to count(). Cost: one positioned read. Errors: locked (another
+  // user edits it), notFound (no such record), damaged (part of it is missing), failed with the system's
+  // text; `form` is then unchanged. Does not recompute formulas and does not touch locks, titles or
+  // form.record.
   virtual Result<void> load(std::int32_t record, RecordForm& form) = 0;
   // Writes the form at `record`. Errors: full (disk), locked, denied, failed.
   virtual Result<void> save(std::int32_t record, const RecordForm& form) = 0;
 
-  // The lock on one record against other users, at most one at a time; fails at once with error locked. Record 1 is
-  // never locked. unlock() of a record that is not locked does nothing.
+  // The lock on one record against other users, at most one at a time; fails at once with error locked.
+  // Record 1 is never locked. unlock() of a record that is not locked does nothing.
   virtual Result<void> lock(std::int32_t record) = 0;
   virtual void unlock(std::int32_t record) = 0;
 
-  // Reserves the next record number and leaves it locked (but for record 1); the record exists once it is saved.
-  // Numbers that another user is just appending are stepped over. Errors: full with kRecordLimitText, denied, failed.
+  // Reserves the next record number and leaves it locked (but for record 1); the record exists once it is
+  // saved. Numbers that another user is just appending are stepped over. Errors: full with kRecordLimitText,
+  // denied, failed.
   virtual Result<std::int32_t> append() = 0;
 
   // The running number from which picture file names are made, kept with the data.
@@ -51,14 +53,15 @@ class RecordStore {
 };
 
 struct StoreRequest {
-  std::string path;       // of the data file
-  bool create = false;    // make it when it does not exist (its header is written)
+  std::string path;     // of the data file
+  bool create = false;  // make it when it does not exist (its header is written)
   bool readOnly = false;
-  double today = 0;       // stamped into a new file
-  std::string title;      // likewise
+  double today = 0;   // stamped into a new file
+  std::string title;  // likewise
 };
-// Opens a store for an application; a session takes it as a value, so that it need not know the kind of store.
-using StoreOpener = std::function<Result<std::unique_ptr<RecordStore>>(const StoreRequest&, const Application&,
-                                                                      const Locale&)>;
+// Opens a store for an application; a session takes it as a value, so that it need not know the kind of
+// store.
+using StoreOpener = std::function<Result<std::unique_ptr<RecordStore>>(const StoreRequest&,
+                                                                       const Application&, const Locale&)>;
 
 }  // namespace plinth

@@ -1,5 +1,6 @@
-// The boxes of a record in tab order, read and typed into without a window. Typing goes through the session's own events,
-// so that a value set by a script passes the same filters, formats and formulas as one from the keyboard.
+// The boxes of a record in tab order, read and typed into without a window. Typing goes through the session's
+// own events, so that a value set by a script passes the same filters, formats and formulas as one from the
+// keyboard.
 #include "engine/RecordText.h"
 
 #include <algorithm>
@@ -37,21 +38,30 @@ struct Described {
 bool lockedBox(const RecordForm& form, const BoxRef& box) {
   const std::size_t i = static_cast<std::size_t>(box.index);
   switch (box.kind) {
-    case BoxKind::field: return form.fields[i].locked;
-    case BoxKind::combo: return form.combos[i].locked;
-    case BoxKind::check: return form.checks[i].locked;
-    case BoxKind::memo: return form.memos[i].locked;
-    case BoxKind::picture: return form.pictures[i].locked;
+    case BoxKind::field:
+      return form.fields[i].locked;
+    case BoxKind::combo:
+      return form.combos[i].locked;
+    case BoxKind::check:
+      return form.checks[i].locked;
+    case BoxKind::memo:
+      return form.memos[i].locked;
+    case BoxKind::picture:
+      return form.pictures[i].locked;
   }
   return true;
 }
 
 std::int32_t roomOf(const Application& application, const BoxRef& box) {
   switch (box.kind) {
-    case BoxKind::field: return application.field(box.index).fieldLength;
-    case BoxKind::combo: return application.combo(box.index).fieldLength;
-    case BoxKind::memo: return application.memo(box.index).fieldLength;
-    default: return kPictureStemSize;
+    case BoxKind::field:
+      return application.field(box.index).fieldLength;
+    case BoxKind::combo:
+      return application.combo(box.index).fieldLength;
+    case BoxKind::memo:
+      return application.memo(box.index).fieldLength;
+    default:
+      return kPictureStemSize;
   }
 }
 
@@ -67,7 +77,8 @@ Result<std::string> typedText(const RecordSession& session, const BoxRef& box, s
   for (const char c : text) {
     const unsigned char ch = static_cast<unsigned char>(c);
     const unsigned char taken = ch < 32 ? 0 : keyPressFilter(row.fieldType, ch);
-    if (taken == 0) return refused(box, "\"" + std::string(text) + "\" holds characters that this box does not take.");
+    if (taken == 0)
+      return refused(box, "\"" + std::string(text) + "\" holds characters that this box does not take.");
     typed += static_cast<char>(casedKey(row.textCase, taken, typed, application.codePage));
   }
   return typed;
@@ -76,7 +87,8 @@ Result<std::string> typedText(const RecordSession& session, const BoxRef& box, s
 // Whether a box would take the text at all: one that it cannot read would leave it with what it held before.
 bool readable(const RecordSession& session, const BoxRef& box, const std::string& typed) {
   const EnteredField nothing{"\x01", -1};
-  return enterField(session.application(), box.index, typed, nothing, session.now(), session.locale()).text != nothing.text;
+  return enterField(session.application(), box.index, typed, nothing, session.now(), session.locale()).text !=
+         nothing.text;
 }
 
 void typeIntoField(RecordSession& session, int n, const std::string& typed) {
@@ -90,14 +102,17 @@ void typeIntoField(RecordSession& session, int n, const std::string& typed) {
 std::vector<BoxRef> recordBoxes(const Application& application) {
   const Payload& p = application.payload;
   std::vector<OrderedBox> boxes;
-  const auto plain = [](const auto& row) { return Described{row.tag, static_cast<int>(row.exportOrder), true}; };
+  const auto plain = [](const auto& row) {
+    return Described{row.tag, static_cast<int>(row.exportOrder), true};
+  };
   collect(boxes, p.fields, BoxKind::field, 'F', plain);
   collect(boxes, p.combos, BoxKind::combo, 'C', plain);
   collect(boxes, p.checks, BoxKind::check, 'K', plain);
   collect(boxes, p.memos, BoxKind::memo, 'M', plain);
   // Pictures have no place in the tab order: they follow.
-  collect(boxes, p.pictures, BoxKind::picture, 'P',
-          [](const PayloadPicture& row) { return Described{row.name, 1 << 20, row.isData()}; });
+  collect(boxes, p.pictures, BoxKind::picture, 'P', [](const PayloadPicture& row) {
+    return Described{row.name, 1 << 20, row.isData()};
+  });
   std::stable_sort(boxes.begin(), boxes.end(),
                    [](const OrderedBox& a, const OrderedBox& b) { return a.order < b.order; });
   std::vector<BoxRef> result;
@@ -117,11 +132,16 @@ const BoxRef* findBox(const std::vector<BoxRef>& boxes, std::string_view labelOr
 std::string boxText(const RecordForm& form, const BoxRef& box) {
   const std::size_t i = static_cast<std::size_t>(box.index);
   switch (box.kind) {
-    case BoxKind::field: return form.fields[i].text;
-    case BoxKind::combo: return form.combos[i].text;
-    case BoxKind::check: return form.checks[i].value != 0 ? "1" : "0";
-    case BoxKind::memo: return form.memos[i].text;
-    case BoxKind::picture: return form.pictures[i].stem;
+    case BoxKind::field:
+      return form.fields[i].text;
+    case BoxKind::combo:
+      return form.combos[i].text;
+    case BoxKind::check:
+      return form.checks[i].value != 0 ? "1" : "0";
+    case BoxKind::memo:
+      return form.memos[i].text;
+    case BoxKind::picture:
+      return form.pictures[i].stem;
   }
   return {};
 }
@@ -132,7 +152,8 @@ Result<void> typeIntoBox(RecordSession& session, const BoxRef& box, std::string_
   if (session.readOnly()) return Error{ErrorKind::denied, "The data is read-only."};
   if (lockedBox(session.form(), box))
     return Error{ErrorKind::denied, box.label + " cannot be changed once it was entered."};
-  if (box.kind == BoxKind::check && text != "0" && text != "1") return refused(box, "a check box takes 0 or 1.");
+  if (box.kind == BoxKind::check && text != "0" && text != "1")
+    return refused(box, "a check box takes 0 or 1.");
   if (text.size() > static_cast<std::size_t>(roomOf(session.application(), box)))
     return refused(box, "the text is longer than the " + std::to_string(roomOf(session.application(), box)) +
                             " characters of the box.");
@@ -147,11 +168,20 @@ Result<void> typeIntoBox(RecordSession& session, const BoxRef& box, std::string_
   if (!session.beginEdit() || session.curRec() != record)
     return Error{ErrorKind::locked, "Record " + std::to_string(record) + " is in use by another user."};
   switch (box.kind) {
-    case BoxKind::field: typeIntoField(session, box.index, typed); break;
-    case BoxKind::combo: session.comboGotFocus(box.index), session.comboClick(box.index, text); break;
-    case BoxKind::check: session.checkGotFocus(box.index), session.checkClick(box.index); break;
-    case BoxKind::memo: session.memoGotFocus(box.index), session.memoEdited(box.index, text); break;
-    case BoxKind::picture: break;
+    case BoxKind::field:
+      typeIntoField(session, box.index, typed);
+      break;
+    case BoxKind::combo:
+      session.comboGotFocus(box.index), session.comboClick(box.index, text);
+      break;
+    case BoxKind::check:
+      session.checkGotFocus(box.index), session.checkClick(box.index);
+      break;
+    case BoxKind::memo:
+      session.memoGotFocus(box.index), session.memoEdited(box.index, text);
+      break;
+    case BoxKind::picture:
+      break;
   }
   return {};
 }

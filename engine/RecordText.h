@@ -1,5 +1,5 @@
-// Records as texts by label, for programs without windows: what the boxes show, and setting a box as if somebody typed
-// into it.
+// Records as texts by label, for programs without windows: what the boxes show, and setting a box as if
+// somebody typed into it.
 #pragma once
 
 #include <string>
@@ -22,16 +22,16 @@ struct BoxRef {
 
 // Every box that holds data (global fields and data pictures included), in tab order.
 std::vector<BoxRef> recordBoxes(const Application& application);
-// The box of a label (without regard to case), else of a reference such as "F12"; nullptr when there is none. The first
-// of several boxes with one label.
+// The box of a label (without regard to case), else of a reference such as "F12"; nullptr when there is none.
+// The first of several boxes with one label.
 const BoxRef* findBox(const std::vector<BoxRef>& boxes, std::string_view labelOrReference, int codePage);
 
 // What the box shows; check boxes "1" or "0", pictures the name of their file.
 std::string boxText(const RecordForm& form, const BoxRef& box);
 
-// Sets a box of the session's current record as if typed: got focus, text, lost focus, with key filters, lengths,
-// formats and calculated fields. Errors: denied (locked, read-only), wrongUsage (a picture, a check box value other
-// than 0, 1, or text that the box does not take), locked (another user edits the record).
+// Sets a box of the session's current record as if typed: got focus, text, lost focus, with key filters,
+// lengths, formats and calculated fields. Errors: denied (locked, read-only), wrongUsage (a picture, a check
+// box value other than 0, 1, or text that the box does not take), locked (another user edits the record).
 Result<void> typeIntoBox(RecordSession& session, const BoxRef& box, std::string_view text);
 
 }  // namespace plinth

@@ -1,5 +1,5 @@
-// Message boxes and yields run the window's events while a session is in the middle of one: whoever holds this guard keeps
-// a second one from starting. Private to the session's own files.
+// Message boxes and yields run the window's events while a session is in the middle of one: whoever holds
+// this guard keeps a second one from starting. Private to the session's own files.
 #pragma once
 
 #include "engine/RecordSession.h"
@@ -8,7 +8,9 @@ namespace plinth {
 
 class RecordSession::Busy {
  public:
-  explicit Busy(RecordSession& session) : session_(session), entered_(!session.busy_) { session.busy_ = true; }
+  explicit Busy(RecordSession& session) : session_(session), entered_(!session.busy_) {
+    session.busy_ = true;
+  }
   ~Busy() {
     if (entered_) session_.busy_ = false;
   }

@@ -1,5 +1,5 @@
-// Start-up as one list of steps. The payload is the only thing that can stop it: everything else that fails leaves the
-// application poorer (a picture less, no help file), but running.
+// Start-up as one list of steps. The payload is the only thing that can stop it: everything else that fails
+// leaves the application poorer (a picture less, no help file), but running.
 #include "engine/StartUp.h"
 
 #include "basic/CodePage.h"
@@ -20,19 +20,21 @@ std::string bareCommandLine(const std::string& commandLine) {
 }
 
 bool endsWithNoCase(const std::string& text, const std::string& end) {
-  return text.size() > end.size() && equalAsciiNoCase(std::string_view(text).substr(text.size() - end.size()), end);
+  return text.size() > end.size() &&
+         equalAsciiNoCase(std::string_view(text).substr(text.size() - end.size()), end);
 }
 
 // The name under which a file exists in a folder when only the case of letters differs.
-std::string existingName(const Files& files, const std::string& folder, const std::string& name, int codePage) {
+std::string existingName(const Files& files, const std::string& folder, const std::string& name,
+                         int codePage) {
   if (files.exists(folder + name)) return name;
   for (const std::string& candidate : files.list(folder.empty() ? "." : folder))
     if (compareFolded(candidate, name, codePage) == 0) return candidate;
   return name;
 }
 
-// An embedded file goes beside the program under its stored name, unless one is there already: an edited picture beside
-// the application wins over the one in the payload.
+// An embedded file goes beside the program under its stored name, unless one is there already: an edited
+// picture beside the application wins over the one in the payload.
 std::string extract(const EmbeddedFile& file, const std::string& folder, bool write, Files& files) {
   const std::string name = safeFileName(file.storedName);
   if (name.empty()) return {};
@@ -96,8 +98,8 @@ DataFile dataFileAt(const std::string& path, char separator) {
   return data;
 }
 
-DataFile dataFileOf(const StartRequest& request, const ProgramNames& names, const std::string& extension, int codePage,
-                    const Files& files) {
+DataFile dataFileOf(const StartRequest& request, const ProgramNames& names, const std::string& extension,
+                    int codePage, const Files& files) {
   const std::string named = bareCommandLine(request.commandLine);
   if (!extension.empty() && endsWithNoCase(named, "." + extension)) {
     const bool bare = folderOf(named).empty();
@@ -115,7 +117,9 @@ DataFile dataFileOf(const StartRequest& request, const ProgramNames& names, cons
   return data;
 }
 
-std::string baseNameOf(const DataFile& data, int codePage) { return withoutExtension(properCase(data.name, codePage)); }
+std::string baseNameOf(const DataFile& data, int codePage) {
+  return withoutExtension(properCase(data.name, codePage));
+}
 
 std::string pictureFolderOf(const DataFile& data, int codePage, char separator) {
   return data.folder + baseNameOf(data, codePage) + "Pics" + separator;
@@ -142,7 +146,8 @@ StartUp startUp(const StartRequest& request, Files& files, Messages& messages) {
     readCfg(*cfg, application, start.form, start.users);
   }
   start.loginRequired = loginRequired(start.users);
-  start.data = dataFileOf(request, start.names, application.payload.application.dataExtension, application.codePage, files);
+  start.data = dataFileOf(request, start.names, application.payload.application.dataExtension,
+                          application.codePage, files);
   start.proceed = true;
   return start;
 }

@@ -1,5 +1,5 @@
-// The order of start, without a window: names, payload, embedded files, settings file, password question, data file
-// name. What a window must then do stands in the result.
+// The order of start, without a window: names, payload, embedded files, settings file, password question,
+// data file name. What a window must then do stands in the result.
 #pragma once
 
 #include <string>
@@ -33,8 +33,8 @@ struct DataFile {
   bool named = false;  // from the command line
   std::string path() const { return folder + name; }
 };
-// The data file of a command line, else the application's own: ExeStem with `extension` in proper case, in the
-// program's folder. Where file names know case, an existing file that differs only in case is taken.
+// The data file of a command line, else the application's own: ExeStem with `extension` in proper case, in
+// the program's folder. Where file names know case, an existing file that differs only in case is taken.
 DataFile dataFileOf(const StartRequest& request, const ProgramNames& names, const std::string& extension,
                     int codePage, const Files& files);
 // The same for a path that a person or a tool chose.
@@ -46,24 +46,25 @@ std::string baseNameOf(const DataFile& data, int codePage);
 std::string pictureFolderOf(const DataFile& data, int codePage, char separator);
 
 struct StartUp {
-  bool proceed = false;         // false: a message was shown and the program ends
+  bool proceed = false;  // false: a message was shown and the program ends
   ProgramNames names;
   Application application;
-  RecordForm form;              // titles and global fields as the .cfg file left them
+  RecordForm form;  // titles and global fields as the .cfg file left them
   UserTable users;
-  bool loginRequired = false;   // ask checkLogin() before anything of the data is opened
+  bool loginRequired = false;  // ask checkLogin() before anything of the data is opened
   DataFile data;
-  std::string cfgPath;          // written when the application closes
-  std::string blankPicture;     // path of "0.jpg" beside the program, "" when there is none
-  std::string background;       // path of the background picture, "" when there is none
-  std::string helpFile;         // path of the help file, "" when there is none
+  std::string cfgPath;       // written when the application closes
+  std::string blankPicture;  // path of "0.jpg" beside the program, "" when there is none
+  std::string background;    // path of the background picture, "" when there is none
+  std::string helpFile;      // path of the help file, "" when there is none
 };
 
-// Runs the steps. A payload that is missing or damaged shows message 21 with the reason and does not proceed; values out
-// of range show message 17 once for each and loading goes on.
+// Runs the steps. A payload that is missing or damaged shows message 21 with the reason and does not proceed;
+// values out of range show message 17 once for each and loading goes on.
 StartUp startUp(const StartRequest& request, Files& files, Messages& messages);
 
-// Path of a fixed picture's file beside the program ("" for a data picture); the name cannot leave that folder.
+// Path of a fixed picture's file beside the program ("" for a data picture); the name cannot leave that
+// folder.
 std::string pictureFile(const StartUp& start, const PayloadPicture& picture);
 
 }  // namespace plinth

@@ -1,4 +1,5 @@
-// The check compares what was typed with the decoded passwords, entry by entry; nothing but a match lets anybody in.
+// The check compares what was typed with the decoded passwords, entry by entry; nothing but a match lets
+// anybody in.
 #include "engine/Users.h"
 
 #include "basic/DisplayFormat.h"
@@ -54,7 +55,8 @@ std::optional<Login> checkLogin(const UserTable& users, std::string_view name, s
   for (int i = 0; i < kUserEntries; ++i) {
     const std::size_t at = static_cast<std::size_t>(i);
     if (byName && users.names[at] != name) continue;
-    if (opens(users.passwords[at], password)) return Login{i, i == 0, users.readOnly[at] != 0, users.names[at]};
+    if (opens(users.passwords[at], password))
+      return Login{i, i == 0, users.readOnly[at] != 0, users.names[at]};
   }
   return std::nullopt;
 }

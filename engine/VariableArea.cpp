@@ -1,5 +1,5 @@
-// Two counted lists. The reader trusts no count: it ends where the bytes end. The writer keeps the room of the picture
-// count free, so that a full list of labels cannot push it out of the slot.
+// Two counted lists. The reader trusts no count: it ends where the bytes end. The writer keeps the room of
+// the picture count free, so that a full list of labels cannot push it out of the slot.
 #include "engine/VariableArea.h"
 
 #include <algorithm>
@@ -48,7 +48,8 @@ class AreaWriter {
     position_ += 4;
   }
   void putAt(std::size_t at, std::int32_t value) {
-    for (std::size_t i = 0; i < 4; ++i) bytes_[at + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(value) >> (8 * i));
+    for (std::size_t i = 0; i < 4; ++i)
+      bytes_[at + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(value) >> (8 * i));
   }
   void text(const std::string& value) {
     std::memcpy(bytes_.data() + position_, value.data(), value.size());
@@ -62,16 +63,23 @@ class AreaWriter {
 
 int pageByte(int value) { return value == 255 ? -1 : value; }
 
-// 100 (underline alone) is not among the known styles: such a label keeps the style of its object. Data files out there
-// rely on it.
+// 100 (underline alone) is not among the known styles: such a label keeps the style of its object. Data files
+// out there rely on it.
 void decodeStyle(int style, VariableLabel& label) {
   switch (style) {
-    case 0: case 1: case 10: case 11: case 101: case 110: case 111:
+    case 0:
+    case 1:
+    case 10:
+    case 11:
+    case 101:
+    case 110:
+    case 111:
       label.bold = style % 10 == 1;
       label.italic = style / 10 % 10 == 1;
       label.underline = style >= 100;
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -95,7 +103,8 @@ bool readLabel(AreaReader& in, VariableLabel& label) {
 bool readPicture(AreaReader& in, VariablePicture& picture) {
   if (!in.has(kPictureSize)) return false;
   picture.page = pageByte(in.byte());
-  for (std::int32_t* value : {&picture.left, &picture.top, &picture.width, &picture.height, &picture.image, &picture.second})
+  for (std::int32_t* value :
+       {&picture.left, &picture.top, &picture.width, &picture.height, &picture.image, &picture.second})
     *value = in.i32();
   picture.visible = true;
   return true;
@@ -157,7 +166,8 @@ int writeVariableArea(const RecordForm& form, std::span<std::uint8_t> area) {
       continue;
     }
     out.byte(picture.page);
-    for (const std::int32_t value : {picture.left, picture.top, picture.width, picture.height, picture.image, picture.second})
+    for (const std::int32_t value :
+         {picture.left, picture.top, picture.width, picture.height, picture.image, picture.second})
       out.i32(value);
     ++count;
   }

@@ -8,9 +8,9 @@
 
 namespace plinth {
 
-// Reads the area into the form's variable objects, reusing those it has (a label of style 100 keeps the style its object
-// had before). Objects beyond the counts are hidden. Damaged counts end the lists where the bytes end.
-// area: the bytes from the area's start to the end of the slot.
+// Reads the area into the form's variable objects, reusing those it has (a label of style 100 keeps the style
+// its object had before). Objects beyond the counts are hidden. Damaged counts end the lists where the bytes
+// end. area: the bytes from the area's start to the end of the slot.
 void readVariableArea(std::span<const std::uint8_t> area, RecordForm& form);
 
 // Writes the visible labels with text and the visible pictures as long as they fit; returns how many did not.

@@ -15,9 +15,9 @@ TEST(Application, PageTabsFollowTheHighestPageInUse) {
     int page;
     std::array<bool, 5> tabs;
   } cases[] = {
-      {0, {false, false, false, false, false}}, {-1, {false, false, false, false, false}},
-      {1, {true, true, false, false, false}},   {3, {true, true, true, true, false}},
-      {4, {true, true, true, true, true}},      {5, {false, false, false, false, false}},
+      {0, {false, false, false, false, false}},  {-1, {false, false, false, false, false}},
+      {1, {true, true, false, false, false}},    {3, {true, true, true, true, false}},
+      {4, {true, true, true, true, true}},       {5, {false, false, false, false, false}},
       {95, {false, false, false, false, false}},
   };
   for (const auto& c : cases) {

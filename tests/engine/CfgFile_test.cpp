@@ -21,7 +21,8 @@ TEST(Users, StoredFormIsThreeDigitsACharacter) {
   std::string all;
   for (int c = 1; c < 256; ++c) all += static_cast<char>(c);
   EXPECT_EQ(decodePassword(encodePassword(all)), all.substr(0, 250));
-  for (const char* bad : {"", "7", "73", "999", "000", "abc", "-12"}) EXPECT_EQ(decodePassword(bad), "") << bad;
+  for (const char* bad : {"", "7", "73", "999", "000", "abc", "-12"})
+    EXPECT_EQ(decodePassword(bad), "") << bad;
   EXPECT_EQ(decodePassword("734x"), "A");
 }
 
@@ -35,7 +36,8 @@ TEST(Users, OnlyAMatchingEntryLogsIn) {
   EXPECT_TRUE(checkLogin(users, "", "boss")->mainUser);
   EXPECT_EQ(checkLogin(users, "anything", "guest")->user, 3);
   EXPECT_TRUE(checkLogin(users, "", "guest")->readOnly);
-  for (const char* wrong : {"", "Boss", "bos", "boss ", "734732"}) EXPECT_FALSE(checkLogin(users, "", wrong)) << wrong;
+  for (const char* wrong : {"", "Boss", "bos", "boss ", "734732"})
+    EXPECT_FALSE(checkLogin(users, "", wrong)) << wrong;
   users.names[0] = "Ann";
   users.names[3] = "Bob";
   EXPECT_TRUE(loginAsksName(users));
@@ -94,7 +96,8 @@ TEST(CfgFile, DamageNeverRemovesThePassword) {
     readCfg(damaged, app, form, read);
     return loginRequired(read);
   };
-  for (std::size_t cut = 0; cut < bytes.size(); ++cut) ASSERT_TRUE(stillLocked(std::span(bytes).first(cut))) << cut;
+  for (std::size_t cut = 0; cut < bytes.size(); ++cut)
+    ASSERT_TRUE(stillLocked(std::span(bytes).first(cut))) << cut;
   for (std::size_t at = 0; at < bytes.size(); ++at) {
     const std::uint8_t old = bytes[at];
     bytes[at] ^= 0xFF;

@@ -28,12 +28,13 @@ inline PayloadField fieldRow(const std::string& tag, int kind, int length) {
   return row;
 }
 
-// F1 Name (text 10), F2 Price (2 decimals), F3 Count (whole), F4 Due (date), F5 Total = F2*F3, C1 Terms, K0 Paid, M1 Notes.
+// F1 Name (text 10), F2 Price (2 decimals), F3 Count (whole), F4 Due (date), F5 Total = F2*F3, C1 Terms, K0
+// Paid, M1 Notes.
 inline Payload shopPayload() {
   Payload p;
   p.header.title = "Shop";
-  p.fields = {PayloadField{}, fieldRow("Name", 0, 10), fieldRow("Price", 2, 12), fieldRow("Count", 5, 10),
-              fieldRow("Due", 6, 30), fieldRow("Total", 2, 12)};
+  p.fields = {PayloadField{},           fieldRow("Name", 0, 10), fieldRow("Price", 2, 12),
+              fieldRow("Count", 5, 10), fieldRow("Due", 6, 30),  fieldRow("Total", 2, 12)};
   p.fields[5].formula = "F2*F3";
   PayloadCombo combo;
   combo.page = 0;

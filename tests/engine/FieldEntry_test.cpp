@@ -13,16 +13,22 @@ TEST(FieldEntry, KeysPassByKind) {
     int kind;
     int typed, taken;
   } cases[] = {
-      {0, 'a', 'a'},  {0, 13, 0},    {0, 17, 162},   {0, 27, 247}, {0, 9, 188},     {1, '5', '5'}, {1, 'e', 0},
-      {1, '.', '.'},  {5, '.', 0},   {2, ',', ','},  {2, '-', '-'}, {2, ' ', 0},    {2, ':', ':'}, {2, 8, 8},
-      {2, '$', 0},    {6, 'M', 'M'}, {10, ':', ':'}, {12, '7', '7'}, {1, 17, 0},
+      {0, 'a', 'a'}, {0, 13, 0},    {0, 17, 162},   {0, 27, 247},   {0, 9, 188}, {1, '5', '5'}, {1, 'e', 0},
+      {1, '.', '.'}, {5, '.', 0},   {2, ',', ','},  {2, '-', '-'},  {2, ' ', 0}, {2, ':', ':'}, {2, 8, 8},
+      {2, '$', 0},   {6, 'M', 'M'}, {10, ':', ':'}, {12, '7', '7'}, {1, 17, 0},
   };
   for (const auto& c : cases)
-    EXPECT_EQ(keyPressFilter(c.kind, static_cast<unsigned char>(c.typed)), c.taken) << c.kind << " " << c.typed;
+    EXPECT_EQ(keyPressFilter(c.kind, static_cast<unsigned char>(c.typed)), c.taken)
+        << c.kind << " " << c.typed;
 }
 
 TEST(FieldEntry, CaseIsSetWhileTyping) {
-  EXPECT_EQ(casedText(1, "stra\xDFe \xE4", 1252), "STRA\xDF" "E \xC4");
+  EXPECT_EQ(casedText(1,
+                      "stra\xDF"
+                      "e \xE4",
+                      1252),
+            "STRA\xDF"
+            "E \xC4");
   EXPECT_EQ(casedText(2, "anna mcDonald", 1252), "Anna McDonald");
   EXPECT_EQ(casedText(3, "ABC", 1252), "abc");
   EXPECT_EQ(casedText(0, "aBc", 1252), "aBc");
@@ -39,14 +45,14 @@ TEST(FieldEntry, LeavingABoxFormatsWhatWasTyped) {
       {2, "1234.567", "1,234.57", 0},
       {4, "2", "2.0000", 0},
       {5, "1999", "1,999", 0},
-      {5, "99999999999", "before", 7},   // beyond a whole number's range
+      {5, "99999999999", "before", 7},  // beyond a whole number's range
       {2, "1e300", "before", 7},
       {3, "0", "", 0},
       {6, "3/15/2023", "2023-03-15", 45000},
       {7, "2023-03-15", "3/15/2023", 45000},
       {8, "3/15/2023", "15-Mar-23", 45000},
       {6, "nonsense", "before", 7},
-      {6, "14:30", "before", 7},         // a time is no date
+      {6, "14:30", "before", 7},  // a time is no date
       {9, "", "", 0},
       {10, "1430", "14:30", 14.5 / 24},
       {10, "9", "00:09", 9.0 / 1440},
@@ -60,7 +66,8 @@ TEST(FieldEntry, LeavingABoxFormatsWhatWasTyped) {
   for (const auto& c : cases) {
     Payload p;
     p.fields = {PayloadField{}, fieldRow("x", c.kind, 30)};
-    const EnteredField got = enterField(makeApplication(p), 1, c.typed, {"before", 7}, kTestNow, englishLocale());
+    const EnteredField got =
+        enterField(makeApplication(p), 1, c.typed, {"before", 7}, kTestNow, englishLocale());
     EXPECT_EQ(got.text, c.shown) << c.kind << " " << c.typed;
     EXPECT_NEAR(got.date, c.date, 1e-9) << c.kind << " " << c.typed;
   }
@@ -72,10 +79,11 @@ TEST(FieldEntry, NewRecordsStartWithDefaults) {
     bool showZero, noDate;
     const char* shown;
   } cases[] = {
-      {0, false, false, ""},         {1, false, false, ""},     {1, true, false, "0"},     {3, true, false, "0.000"},
-      {5, true, false, "0"},         {6, false, false, "2023-03-17"}, {6, false, true, ""}, {7, false, false, "3/17/2023"},
-      {10, false, false, "12:00"},   {11, false, false, ""},    {12, false, false, "12:00:00"},
-      {14, false, false, "2023"},    {17, false, false, "March"}, {20, false, false, "Friday"}, {22, false, false, "11"},
+      {0, false, false, ""},       {1, false, false, ""},          {1, true, false, "0"},
+      {3, true, false, "0.000"},   {5, true, false, "0"},          {6, false, false, "2023-03-17"},
+      {6, false, true, ""},        {7, false, false, "3/17/2023"}, {10, false, false, "12:00"},
+      {11, false, false, ""},      {12, false, false, "12:00:00"}, {14, false, false, "2023"},
+      {17, false, false, "March"}, {20, false, false, "Friday"},   {22, false, false, "11"},
       {23, false, false, ""},
   };
   for (const auto& c : cases) {

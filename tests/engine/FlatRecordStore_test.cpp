@@ -1,4 +1,5 @@
-// The data file: header, segments, counting, locks, and files that are damaged. Two users share one disk in memory.
+// The data file: header, segments, counting, locks, and files that are damaged. Two users share one disk in
+// memory.
 #include "engine/FlatRecordStore.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +22,8 @@ struct StoreTest : ::testing::Test {
     app = makeApplication(p);
     form = makeRecordForm(app);
   }
-  std::unique_ptr<FlatRecordStore> open(bool create, std::int64_t segmentBytes = kSegmentBytes, bool readOnly = false) {
+  std::unique_ptr<FlatRecordStore> open(bool create, std::int64_t segmentBytes = kSegmentBytes,
+                                        bool readOnly = false) {
     auto store = FlatRecordStore::open(shared, files, app, englishLocale(),
                                        {kPath, create, readOnly, kTestNow, app.title}, segmentBytes);
     return store.ok() ? std::move(*store) : nullptr;

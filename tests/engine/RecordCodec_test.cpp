@@ -14,8 +14,8 @@ namespace {
 
 TEST(RecordLayout, LaysObjectsOutInFileOrderAndSkipsDeletedAndGlobalOnes) {
   Payload p = shopPayload();
-  p.fields[2].page = 5;          // deleted
-  p.fields[5].dummyField = -1;   // global
+  p.fields[2].page = 5;         // deleted
+  p.fields[5].dummyField = -1;  // global
   p.pictures.resize(2);
   p.pictures[0].page = 0;
   p.pictures[0].image.storedName = "logo.gif";  // fixed
@@ -87,8 +87,13 @@ TEST(RecordCodec, NumbersKeepTheirCentsAndStayInRange) {
     const char* text;
     std::int64_t scaled;
   } cases[] = {
-      {"123,456,789,012,345.67", 1234567890123456700}, {"-0.5", -5000},     {"1.00005", 10000}, {"1.00015", 10002},
-      {"1E3", 10000000},                               {"12 apples", 120000}, {"", 0},
+      {"123,456,789,012,345.67", 1234567890123456700},
+      {"-0.5", -5000},
+      {"1.00005", 10000},
+      {"1.00015", 10002},
+      {"1E3", 10000000},
+      {"12 apples", 120000},
+      {"", 0},
       {"99999999999999999999", std::numeric_limits<std::int64_t>::max()},
   };
   for (const auto& c : cases) EXPECT_EQ(scaledFromText(c.text, englishLocale()), c.scaled) << c.text;

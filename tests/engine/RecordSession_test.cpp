@@ -1,4 +1,5 @@
-// The journeys of a person in the main window, without the window: typing, moving, new and erased records, locks.
+// The journeys of a person in the main window, without the window: typing, moving, new and erased records,
+// locks.
 #include "engine/RecordSession.h"
 
 #include <gtest/gtest.h>
@@ -70,8 +71,8 @@ TEST_F(SessionTest, NavigationClampsAndTenStepsStayInPlaceAtTheEnds) {
   const struct {
     int code;
     const char* at;
-  } steps[] = {{2, "1"},  {3, "2"}, {4, "12"}, {1, "2"}, {1, "2"},  {4, "12"}, {4, "22"}, {4, "22"},
-               {5, "25"}, {3, "25"}, {2, "24"}, {1, "14"}, {0, "1"}, {9, "1"}};
+  } steps[] = {{2, "1"},  {3, "2"},  {4, "12"}, {1, "2"},  {1, "2"},  {4, "12"}, {4, "22"},
+               {4, "22"}, {5, "25"}, {3, "25"}, {2, "24"}, {1, "14"}, {0, "1"},  {9, "1"}};
   for (const auto& step : steps) {
     s.command2Click(step.code);
     ASSERT_EQ(s.text1(), step.at) << step.code;
@@ -331,7 +332,8 @@ TEST_F(SessionTest, ButtonsRunScriptsAndLinks) {
 TEST_F(SessionTest, QueryLinesAreKnownByTheirWords) {
   for (const char* query : {"SELECT a WHERE b=1", "replace a=1 where b=2", "Sum Price", "count Paid=1"})
     EXPECT_TRUE(isQueryLine(query)) << query;
-  for (const char* line : {"select a", "replace x=1", "f1=3", "", "summit"}) EXPECT_FALSE(isQueryLine(line)) << line;
+  for (const char* line : {"select a", "replace x=1", "f1=3", "", "summit"})
+    EXPECT_FALSE(isQueryLine(line)) << line;
 }
 
 TEST_F(SessionTest, TheActionToolOpensWhatTheBoxHolds) {
@@ -355,7 +357,7 @@ TEST_F(SessionTest, NobodyOpensProtectedDataWithoutAPassword) {
   Payload p = shopPayload();
   p.application.mainPassword = "boss";
   User guest(p, user.files.disk);
-  guest.files.removeFile("/app/shop.cfg");
+  ASSERT_TRUE(guest.files.removeFile("/app/shop.cfg").ok());
   RecordSession& g = *guest.session;
   EXPECT_FALSE(g.openData(false));
   EXPECT_FALSE(g.openData(true));

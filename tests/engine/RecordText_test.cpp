@@ -44,8 +44,13 @@ TEST_F(RecordTextTest, TypingFormatsAndComputes) {
 }
 
 TEST_F(RecordTextTest, WhatABoxCannotHoldIsRefusedAndChangesNothing) {
-  for (const auto& [label, text] : {std::pair{"Count", "1.5"}, {"Count", "many"}, {"Count", "9999999999"},
-                                    {"Due", "soon"}, {"Name", "longer than ten"}, {"Paid", "2"}, {"Name", "a\tb"}})
+  for (const auto& [label, text] : {std::pair{"Count", "1.5"},
+                                    {"Count", "many"},
+                                    {"Count", "9999999999"},
+                                    {"Due", "soon"},
+                                    {"Name", "longer than ten"},
+                                    {"Paid", "2"},
+                                    {"Name", "a\tb"}})
     EXPECT_EQ(set(label, text), ErrorKind::wrongUsage) << label << " " << text;
   EXPECT_FALSE(user.session->dirty());
   EXPECT_EQ(get("Due"), "2023-03-15");

@@ -20,8 +20,9 @@ struct Program {
     start.form = makeRecordForm(start.application);
     start.data = {folder + "/", "Shop.dbd", true};
     session = std::make_unique<RecordSession>(
-        std::move(start), SessionServices{systemFiles(), messages, clock, englishLocale(), shell,
-                                          flatStoreOpener(systemSharedFiles(), systemFiles()), nullptr, nullptr});
+        std::move(start),
+        SessionServices{systemFiles(), messages, clock, englishLocale(), shell,
+                        flatStoreOpener(systemSharedFiles(), systemFiles()), nullptr, nullptr});
     messages.otherwise = true;
     session->openData(false);
   }
@@ -134,7 +135,7 @@ TEST(TwoPrograms, AppendingAtOnceLosesNothing) {
   EXPECT_EQ(std::unique(names.begin(), names.end()), names.end());
   EXPECT_EQ(names.size(), static_cast<std::size_t>(kPrograms * kEach));
   me.session.reset();
-  systemFiles().removeFile(folder + "/Shop.dbd");
+  EXPECT_TRUE(systemFiles().removeFile(folder + "/Shop.dbd").ok());
   rmdir(folder.c_str());
 }
 
