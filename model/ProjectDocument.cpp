@@ -40,6 +40,7 @@ ProjectDocument::ProjectDocument()
   std::copy(std::begin(kColors), std::end(kColors), palette.begin());
   titles[0].caption = titles[1].caption = "Help Text Displays Here";
   titles[2].caption = titles[3].caption = "Field";
+  titles[4].caption = "Date";
   titles[5].caption = "0000000001";
   for (int i = 0; i < static_cast<int>(programs.size()); ++i)
     programs[i].caption = "Program " + std::to_string(i + 1);

@@ -195,6 +195,7 @@ TEST(ProjectFile, OverwritesInPlaceAndSaveAsIsClean) {
   const LoadResult again = readProject(over, pictures);
   EXPECT_TRUE(again.complete);
   EXPECT_EQ(again.facts.end, static_cast<std::int64_t>(clean.size()));
+  EXPECT_EQ(again.document.titles[4].caption, d.titles[4].caption);
   EXPECT_EQ(saved(d, pictures), clean);
 }
 
