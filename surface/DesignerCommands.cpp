@@ -16,11 +16,11 @@ enum class Place { file, view, language, help };
 struct CommandRow {
   Command id;
   Place menu;
-  int label;            // language text; 0: only English
+  int label;  // language text; 0: only English
   const char* english;
   const char* keyText;
-  KeyEvent key;         // 0: none
-  int count;            // entries of a series
+  KeyEvent key;  // 0: none
+  int count;     // entries of a series
   bool separatorBefore;
   void (*run)(DesignerController& designer, int index);
 };
@@ -28,29 +28,114 @@ struct CommandRow {
 constexpr unsigned kCtrlShift = kCtrl | kShift;
 
 constexpr auto kCommands = std::to_array<CommandRow>({
-    {Command::newProject, Place::file, 152, "&New Project", "Ctrl+N", {'N', kCtrl}, 1, false,
+    {Command::newProject,
+     Place::file,
+     152,
+     "&New Project",
+     "Ctrl+N",
+     {'N', kCtrl},
+     1,
+     false,
      [](DesignerController& d, int) { d.newProject(); }},
-    {Command::open, Place::file, 153, "&Open...", "Ctrl+O", {'O', kCtrl}, 1, false,
+    {Command::open,
+     Place::file,
+     153,
+     "&Open...",
+     "Ctrl+O",
+     {'O', kCtrl},
+     1,
+     false,
      [](DesignerController& d, int) { d.open(); }},
-    {Command::save, Place::file, 155, "&Save", "Ctrl+S", {'S', kCtrl}, 1, false,
+    {Command::save,
+     Place::file,
+     155,
+     "&Save",
+     "Ctrl+S",
+     {'S', kCtrl},
+     1,
+     false,
      [](DesignerController& d, int) { d.save(); }},
-    {Command::saveAs, Place::file, 156, "Save &As...", "Ctrl+Shift+S", {'S', kCtrlShift}, 1, false,
+    {Command::saveAs,
+     Place::file,
+     156,
+     "Save &As...",
+     "Ctrl+Shift+S",
+     {'S', kCtrlShift},
+     1,
+     false,
      [](DesignerController& d, int) { d.saveAs(); }},
-    {Command::createApplication, Place::file, 179, "Create &Application...", "F9", {120, 0}, 1, true,
+    {Command::createApplication,
+     Place::file,
+     179,
+     "Create &Application...",
+     "F9",
+     {120, 0},
+     1,
+     true,
      [](DesignerController& d, int) { d.createApplication(); }},
-    {Command::fileProperties, Place::file, 0, "File &Properties...", "", {}, 1, false,
+    {Command::fileProperties,
+     Place::file,
+     0,
+     "File &Properties...",
+     "",
+     {},
+     1,
+     false,
      [](DesignerController& d, int) { d.fileProperties(); }},
-    {Command::recent, Place::file, 0, "", "", {}, kRecentFiles, true,
+    {Command::recent,
+     Place::file,
+     0,
+     "",
+     "",
+     {},
+     kRecentFiles,
+     true,
      [](DesignerController& d, int i) { d.openRecent(i + 1); }},
     {Command::exit, Place::file, 157, "E&xit", "", {}, 1, true, [](DesignerController& d, int) { d.exit(); }},
-    {Command::page, Place::view, 0, "", "", {}, kPages, false, [](DesignerController& d, int i) { d.showPage(i); }},
-    {Command::nextPage, Place::view, 0, "&Next Page", "Ctrl+PageDown", {34, kCtrl}, 1, true,
+    {Command::page,
+     Place::view,
+     0,
+     "",
+     "",
+     {},
+     kPages,
+     false,
+     [](DesignerController& d, int i) { d.showPage(i); }},
+    {Command::nextPage,
+     Place::view,
+     0,
+     "&Next Page",
+     "Ctrl+PageDown",
+     {34, kCtrl},
+     1,
+     true,
      [](DesignerController& d, int) { d.showNextPage(1); }},
-    {Command::previousPage, Place::view, 0, "&Previous Page", "Ctrl+PageUp", {33, kCtrl}, 1, false,
+    {Command::previousPage,
+     Place::view,
+     0,
+     "&Previous Page",
+     "Ctrl+PageUp",
+     {33, kCtrl},
+     1,
+     false,
      [](DesignerController& d, int) { d.showNextPage(-1); }},
-    {Command::language, Place::language, 0, "", "", {}, 99, false,
+    {Command::language,
+     Place::language,
+     0,
+     "",
+     "",
+     {},
+     99,
+     false,
      [](DesignerController& d, int i) { d.chooseLanguage(i); }},
-    {Command::about, Place::help, 0, "&About Plinth...", "", {}, 1, false,
+    {Command::about,
+     Place::help,
+     0,
+     "&About Plinth...",
+     "",
+     {},
+     1,
+     false,
      [](DesignerController& d, int) { d.about(); }},
 });
 
@@ -59,8 +144,10 @@ struct MenuRow {
   int label;
   const char* english;
 };
-constexpr auto kMenus = std::to_array<MenuRow>({
-    {Place::file, 0, "&File"}, {Place::view, 391, "&Page"}, {Place::language, 175, "&Language"}, {Place::help, 370, "&Help"}});
+constexpr auto kMenus = std::to_array<MenuRow>({{Place::file, 0, "&File"},
+                                                {Place::view, 391, "&Page"},
+                                                {Place::language, 175, "&Language"},
+                                                {Place::help, 370, "&Help"}});
 
 // Names from outside must not make access keys.
 std::string escaped(const std::string& text) { return replaceAll(text, "&", "&&"); }
@@ -82,7 +169,9 @@ std::string seriesText(const DesignerController& designer, Command series, int i
   if (series == Command::page)
     return number + escaped(toUtf8(plainPage(designer, index), codePageOfCharSet(shell.document().charSet)));
   const bool there = index < static_cast<int>(shell.languages().size());
-  return there ? escaped(toUtf8(shell.languages()[static_cast<std::size_t>(index)], designer.systemCodePage())) : "";
+  return there
+             ? escaped(toUtf8(shell.languages()[static_cast<std::size_t>(index)], designer.systemCodePage()))
+             : "";
 }
 
 bool isChecked(const DesignerController& designer, Command series, int index) {
@@ -95,10 +184,12 @@ void addEntries(const DesignerController& designer, const CommandRow& row, std::
   const int first = static_cast<int>(row.id);
   const std::size_t before = entries.size();
   for (int i = 0; i < row.count; ++i) {
-    const std::string text = row.count > 1 ? seriesText(designer, row.id, i)
-                                           : toUtf8(designer.text(row.label, row.english), designer.languageCodePage());
+    const std::string text = row.count > 1
+                                 ? seriesText(designer, row.id, i)
+                                 : toUtf8(designer.text(row.label, row.english), designer.languageCodePage());
     if (text.empty()) continue;
-    entries.push_back({first + i, text, row.keyText, !designer.busy(), row.count > 1 && isChecked(designer, row.id, i)});
+    entries.push_back(
+        {first + i, text, row.keyText, !designer.busy(), row.count > 1 && isChecked(designer, row.id, i)});
   }
   if (row.separatorBefore && before > 0 && entries.size() > before)
     entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(before), MenuEntry{});
@@ -130,7 +221,8 @@ bool runCommand(DesignerController& designer, int id) {
 
 int commandOfKey(const KeyEvent& key) {
   for (const CommandRow& row : kCommands)
-    if (row.key.key != 0 && row.key.key == key.key && row.key.shift == key.shift) return static_cast<int>(row.id);
+    if (row.key.key != 0 && row.key.key == key.key && row.key.shift == key.shift)
+      return static_cast<int>(row.id);
   return 0;
 }
 

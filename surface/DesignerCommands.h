@@ -10,7 +10,8 @@ namespace plinth {
 
 class DesignerController;
 
-// Numbers are the menu's command ids. Entries of a series (recent files, pages, languages) count on from the first.
+// Numbers are the menu's command ids. Entries of a series (recent files, pages, languages) count on from the
+// first.
 enum class Command : int {
   none = 0,
   newProject = 1001,

@@ -1,4 +1,5 @@
-// Commands run one at a time; what the shell tells comes in through DesignerView and goes on to window and drawing area.
+// Commands run one at a time; what the shell tells comes in through DesignerView and goes on to window and
+// drawing area.
 #include "surface/DesignerController.h"
 
 #include <algorithm>
@@ -13,7 +14,9 @@ namespace plinth {
 
 class DesignerController::Turn {
  public:
-  explicit Turn(DesignerController& designer) : designer_(designer), mine_(!designer.busy_) { designer_.busy_ = true; }
+  explicit Turn(DesignerController& designer) : designer_(designer), mine_(!designer.busy_) {
+    designer_.busy_ = true;
+  }
   ~Turn() {
     if (mine_) designer_.busy_ = false;
   }
@@ -124,8 +127,14 @@ void DesignerController::about() {
 
 CreateEnvironment DesignerController::createEnvironment() {
   DesignerServices& s = parts_.services;
-  return {s.files, s.messages, s.progress, shell_.pictures(), [this](int label) { return shell_.texts().text(label); },
-          s.programFolder, shell_.languageName().empty() ? "English" : shell_.languageName(), parts_.stub,
+  return {s.files,
+          s.messages,
+          s.progress,
+          shell_.pictures(),
+          [this](int label) { return shell_.texts().text(label); },
+          s.programFolder,
+          shell_.languageName().empty() ? "English" : shell_.languageName(),
+          parts_.stub,
           parts_.defaultIcon};
 }
 
@@ -140,7 +149,8 @@ void DesignerController::createApplication() {
     for (const std::string& name : files.list(iconFolder))
       if (equalAsciiNoCase(extensionOf(name), "ico")) choices.icons.push_back(name);
     const auto iconBytes = [&](const std::string& name) {
-      return name.empty() ? shell_.document().appIcon : LoadIconFile(files, iconFolder + name, parts_.defaultIcon);
+      return name.empty() ? shell_.document().appIcon
+                          : LoadIconFile(files, iconFolder + name, parts_.defaultIcon);
     };
     FileProperties properties = shell_.document().fileProp;
     const auto editProperties = [&] {
@@ -174,7 +184,8 @@ std::vector<std::string> DesignerController::status() const {
   const std::string project = shell_.lastPath().empty() ? shell_.projectPath() : shell_.lastPath();
   return {result_.empty() ? toUtf8(project, system) + (document.dirty ? " *" : "") : toUtf8(result_, system),
           std::to_string(size.width) + " x " + std::to_string(size.height) + " px",
-          std::to_string(objectsOnPage(document, page)) + " / " + std::to_string(objectsInProject(document)) + " objects",
+          std::to_string(objectsOnPage(document, page)) + " / " + std::to_string(objectsInProject(document)) +
+              " objects",
           toUtf8(pointed_, codePageOfCharSet(document.charSet))};
 }
 

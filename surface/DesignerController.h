@@ -1,5 +1,5 @@
-// The designer without windows: owns the shell and the drawing area, runs the commands and the dialogs. The main window
-// forwards events to it and shows what DesignerWindow tells.
+// The designer without windows: owns the shell and the drawing area, runs the commands and the dialogs. The
+// main window forwards events to it and shows what DesignerWindow tells.
 #pragma once
 
 #include <cstdint>
@@ -23,10 +23,10 @@ namespace plinth {
 class DesignerWindow : public SurfaceView {
  public:
   virtual void showCaption(const std::string& utf8) = 0;
-  virtual void menusChanged() = 0;    // designerMenus() tells another story now
-  virtual void statusChanged() = 0;   // so does status()
+  virtual void menusChanged() = 0;   // designerMenus() tells another story now
+  virtual void statusChanged() = 0;  // so does status()
   virtual void setBusy(bool busy) = 0;
-  virtual void end() = 0;             // the program may end; the person was asked
+  virtual void end() = 0;  // the program may end; the person was asked
 };
 
 // Everything from outside; must outlive the controller.
@@ -35,10 +35,10 @@ struct DesignerParts {
   DialogRunner& dialogs;
   ImageDecoder& decoder;
   TextMeasure measure;
-  std::span<const std::uint8_t> stub;         // the engine that the program carries
+  std::span<const std::uint8_t> stub;  // the engine that the program carries
   std::span<const std::uint8_t> defaultIcon;
-  std::string version;                        // of this program
-  int systemCodePage = 1252;                  // of paths
+  std::string version;        // of this program
+  int systemCodePage = 1252;  // of paths
 };
 
 class DesignerController : private DesignerView {
@@ -48,18 +48,19 @@ class DesignerController : private DesignerView {
   // Opens the first project. False: the program must end, the person was told.
   bool start(const std::string& commandLine);
 
-  // Commands; menus and keys reach them through the table in DesignerCommands.h. None runs while another does.
+  // Commands; menus and keys reach them through the table in DesignerCommands.h. None runs while another
+  // does.
   void newProject();
   void open();
   void save();
   void saveAs();
-  void openRecent(int number);        // 1 to 5
+  void openRecent(int number);  // 1 to 5
   void openPath(const std::string& path);
   void createApplication();
   void fileProperties();
   void about();
   void exit();
-  void chooseLanguage(int index);     // into languages()
+  void chooseLanguage(int index);  // into languages()
   void showPage(int page);
   void showNextPage(int step);
 
@@ -75,8 +76,8 @@ class DesignerController : private DesignerView {
   std::string text(int label, const char* english) const;
   int languageCodePage() const;
   int systemCodePage() const { return parts_.systemCodePage; }
-  // Parts of the status bar, UTF-8: project or last result, page size in pixels, objects on the page and in the project,
-  // object under the pointer.
+  // Parts of the status bar, UTF-8: project or last result, page size in pixels, objects on the page and in
+  // the project, object under the pointer.
   std::vector<std::string> status() const;
   void setPointed(const std::string& name);
 

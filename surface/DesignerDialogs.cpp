@@ -18,7 +18,9 @@ DialogRow row(int id, RowKind kind, std::string label) {
 }
 
 // Language texts carry no access keys outside menus: the first letter becomes one.
-std::string withKey(const std::string& text) { return text.find('&') == std::string::npos ? "&" + text : text; }
+std::string withKey(const std::string& text) {
+  return text.find('&') == std::string::npos ? "&" + text : text;
+}
 
 // A row over a text that outlives the dialog.
 DialogRow textRow(int id, RowKind kind, std::string label, std::string& value) {
@@ -41,7 +43,8 @@ DialogSpec createDialog(CreateChoices& choices, const LabelSource& label,
   int id = kFirstId;
   spec.rows.push_back(textRow(id++, RowKind::text, "&Name :", choices.name));
   spec.rows.push_back(textRow(id++, RowKind::folder, "&Folder :", choices.folder));
-  DialogRow icons = textRow(id++, RowKind::list, withKey(label(162, "Select Windows Desk Top Icon...")), choices.icon);
+  DialogRow icons =
+      textRow(id++, RowKind::list, withKey(label(162, "Select Windows Desk Top Icon...")), choices.icon);
   icons.items = [&choices] { return choices.icons; };
   icons.lines = 5;
   spec.rows.push_back(std::move(icons));
@@ -62,8 +65,9 @@ DialogSpec createDialog(CreateChoices& choices, const LabelSource& label,
 
 DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& label) {
   static constexpr std::array<const char*, 9> kLabels{
-      "&Company Name :", "File &Description :", "&Legal Copyright :", "Legal &Trademarks :", "Product &Name :",
-      "&Version :",      "Setup &Password :",   "Setup Lic&ense :",   "Setup &Readme :"};
+      "&Company Name :",     "File &Description :", "&Legal Copyright :",
+      "Legal &Trademarks :", "Product &Name :",     "&Version :",
+      "Setup &Password :",   "Setup Lic&ense :",    "Setup &Readme :"};
   constexpr std::size_t kFirstLong = 7;
   DialogSpec spec;
   spec.title = "File Properties";
@@ -73,7 +77,8 @@ DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& l
   int id = kFirstId;
   for (std::size_t i = 0; i < kLabels.size(); ++i) {
     const bool isLong = i >= kFirstLong;
-    DialogRow text = textRow(id++, isLong ? RowKind::memo : RowKind::text, kLabels[i], properties.comments[i]);
+    DialogRow text =
+        textRow(id++, isLong ? RowKind::memo : RowKind::text, kLabels[i], properties.comments[i]);
     text.lines = isLong ? 4 : 1;
     spec.rows.push_back(std::move(text));
   }
@@ -98,7 +103,8 @@ DialogSpec aboutDialog(const std::string& version, const LabelSource& label) {
   return spec;
 }
 
-DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names, const LabelSource& label) {
+DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names,
+                          const LabelSource& label) {
   DialogSpec spec;
   spec.title = label(177, "Choose a language");
   spec.ok = label(298, "OK");

@@ -28,6 +28,7 @@ DialogSpec createDialog(CreateChoices& choices, const LabelSource& label,
 DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& label);
 DialogSpec aboutDialog(const std::string& version, const LabelSource& label);
 // chosen: set to one of the names.
-DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names, const LabelSource& label);
+DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names,
+                          const LabelSource& label);
 
 }  // namespace plinth

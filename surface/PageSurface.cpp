@@ -1,5 +1,5 @@
-// Geometry first, then events, then painting. Nothing here changes the project: tools that do will be handed the same
-// events with the object under the pointer.
+// Geometry first, then events, then painting. Nothing here changes the project: tools that do will be handed
+// the same events with the object under the pointer.
 #include "surface/PageSurface.h"
 
 #include <algorithm>
@@ -11,16 +11,19 @@ namespace plinth {
 
 namespace {
 
-constexpr int kTabStrip = 34, kTabTop = 7, kTabHeight = 27, kTabGap = 3, kTabLeft = 14, kTabPadding = 16, kTabLeast = 64;
+constexpr int kTabStrip = 34, kTabTop = 7, kTabHeight = 27, kTabGap = 3, kTabLeft = 14, kTabPadding = 16,
+              kTabLeast = 64;
 constexpr int kMargin = 18, kLineStep = 24;
 constexpr std::int32_t kGround = 0xD6D2CE, kStrip = 0xEFEDEB, kShadow = 0xB4B0AC, kEdge = 0x9A9692;
-constexpr int kPageUp = 33, kPageDown = 34, kEnd = 35, kHome = 36, kLeft = 37, kUp = 38, kRight = 39, kDown = 40;
+constexpr int kPageUp = 33, kPageDown = 34, kEnd = 35, kHome = 36, kLeft = 37, kUp = 38, kRight = 39,
+              kDown = 40;
 
 bool inRange(int page) { return page >= 0 && page < kPages; }
 
 }  // namespace
 
-PageSurface::PageSurface(const ProjectDocument& document, PageImages& images, TextMeasure measure, SurfaceView& view)
+PageSurface::PageSurface(const ProjectDocument& document, PageImages& images, TextMeasure measure,
+                         SurfaceView& view)
     : document_(document), images_(images), measure_(std::move(measure)), view_(view) {}
 
 void PageSurface::projectChanged() {
@@ -124,8 +127,9 @@ void PageSurface::mouseMove(const MouseEvent& event) {
     const PointPx origin = sheetOrigin();
     const int found = itemAt(items_, {event.x - origin.x, event.y - origin.y});
     const RectPx r = boundsOf(items_[static_cast<std::size_t>(found)].shape);
-    name = objectName(document_, static_cast<ObjectKind>(now.kind), now.index) + "   " + std::to_string(r.left) + ", " +
-           std::to_string(r.top) + "   " + std::to_string(r.width) + " x " + std::to_string(r.height);
+    name = objectName(document_, static_cast<ObjectKind>(now.kind), now.index) + "   " +
+           std::to_string(r.left) + ", " + std::to_string(r.top) + "   " + std::to_string(r.width) + " x " +
+           std::to_string(r.height);
   }
   view_.objectPointedAt(name);
 }
@@ -145,23 +149,49 @@ bool PageSurface::keyDown(const KeyEvent& event) {
   const int screen = std::max(kLineStep, vertical_.view - kLineStep);
   if ((event.shift & kCtrl) != 0) {
     switch (event.key) {
-      case kPageUp: showNextPage(-1); return true;
-      case kPageDown: showNextPage(1); return true;
-      case kHome: scrollTo(0, 0); return true;
-      case kEnd: scrollTo(horizontal_.most(), vertical_.most()); return true;
-      default: return false;
+      case kPageUp:
+        showNextPage(-1);
+        return true;
+      case kPageDown:
+        showNextPage(1);
+        return true;
+      case kHome:
+        scrollTo(0, 0);
+        return true;
+      case kEnd:
+        scrollTo(horizontal_.most(), vertical_.most());
+        return true;
+      default:
+        return false;
     }
   }
   switch (event.key) {
-    case kPageUp: scrollBy(0, -screen); return true;
-    case kPageDown: scrollBy(0, screen); return true;
-    case kHome: scrollTo(0, vertical_.value); return true;
-    case kEnd: scrollTo(horizontal_.most(), vertical_.value); return true;
-    case kLeft: scrollBy(-kLineStep, 0); return true;
-    case kRight: scrollBy(kLineStep, 0); return true;
-    case kUp: scrollBy(0, -kLineStep); return true;
-    case kDown: scrollBy(0, kLineStep); return true;
-    default: return false;
+    case kPageUp:
+      scrollBy(0, -screen);
+      return true;
+    case kPageDown:
+      scrollBy(0, screen);
+      return true;
+    case kHome:
+      scrollTo(0, vertical_.value);
+      return true;
+    case kEnd:
+      scrollTo(horizontal_.most(), vertical_.value);
+      return true;
+    case kLeft:
+      scrollBy(-kLineStep, 0);
+      return true;
+    case kRight:
+      scrollBy(kLineStep, 0);
+      return true;
+    case kUp:
+      scrollBy(0, -kLineStep);
+      return true;
+    case kDown:
+      scrollBy(0, kLineStep);
+      return true;
+    default:
+      return false;
   }
 }
 

@@ -1,5 +1,5 @@
-// The drawing area of the designer without a window: page tabs, the page as a sheet on a neutral ground, scrolling,
-// and the events of mouse and keyboard. All pixels are of 96 dpi; the window scales.
+// The drawing area of the designer without a window: page tabs, the page as a sheet on a neutral ground,
+// scrolling, and the events of mouse and keyboard. All pixels are of 96 dpi; the window scales.
 #pragma once
 
 #include <string>
@@ -16,9 +16,9 @@ namespace plinth {
 class SurfaceView {
  public:
   virtual ~SurfaceView() = default;
-  virtual void invalidate() = 0;                 // paint all of it soon
-  virtual void scrollChanged() = 0;              // horizontal() or vertical() have new values
-  virtual void pageChanged() = 0;                // another page is on view
+  virtual void invalidate() = 0;                              // paint all of it soon
+  virtual void scrollChanged() = 0;                           // horizontal() or vertical() have new values
+  virtual void pageChanged() = 0;                             // another page is on view
   virtual void objectPointedAt(const std::string& name) = 0;  // name and place for people; "" for none
 };
 
@@ -39,15 +39,15 @@ class PageSurface {
   void objectsChanged();
 
   int currentPage() const { return page_; }
-  void showPage(int page);                 // 0 to 4; others are ignored
-  void showNextPage(int step);             // 1 or -1, round about
+  void showPage(int page);      // 0 to 4; others are ignored
+  void showNextPage(int step);  // 1 or -1, round about
   const PageItems& items() const { return items_; }
 
   // Size of the whole drawing area, tabs included.
   void resize(SizePx client);
   const ScrollAxis& horizontal() const { return horizontal_; }
   const ScrollAxis& vertical() const { return vertical_; }
-  void scrollTo(int x, int y);             // brought into range
+  void scrollTo(int x, int y);  // brought into range
   void scrollBy(int dx, int dy) { scrollTo(horizontal_.value + dx, vertical_.value + dy); }
 
   // Events in the drawing area's own pixels.

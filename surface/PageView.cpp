@@ -27,9 +27,11 @@ RectPx rectOf(float left, float top, float width, float height) {
 
 float points(float size) { return std::isfinite(size) ? std::clamp(size, 1.0f, 200.0f) : 8.25f; }
 
-// Combos have no height of their own but that of a line in their font; reckoned, so that pages are laid out alike on
-// every machine.
-int comboHeight(float size) { return static_cast<int>(std::lround(points(size) * 96 / 72 * 1.27f)) + kComboPadding; }
+// Combos have no height of their own but that of a line in their font; reckoned, so that pages are laid out
+// alike on every machine.
+int comboHeight(float size) {
+  return static_cast<int>(std::lround(points(size) * 96 / 72 * 1.27f)) + kComboPadding;
+}
 
 template <class Row>
 FontSpec fontOf(const Row& row, int charSet) {
@@ -72,16 +74,22 @@ struct Builder {
                       squareBrush(row.backStyle, row.backColor, row.fillStyle, row.fillColor)};
   }
   ItemShape line(const LineRow& row) const {
-    return LineItem{{px(row.x1), px(row.y1)}, {px(row.x2), px(row.y2)}, {LineStyle::solid, 1, plainColor(row.borderColor)}};
+    return LineItem{{px(row.x1), px(row.y1)},
+                    {px(row.x2), px(row.y2)},
+                    {LineStyle::solid, 1, plainColor(row.borderColor)}};
   }
   ItemShape picture(const PictureRow& row) const {
     std::shared_ptr<Image> image = images.at(row.picturePath);
     if (!image && row.picFlag) image = images.at(document.defaultImagePath);
-    return PictureItem{rectOf(row.left, row.top, row.width, row.height), image, row.pictureMode != 0, row.picBorder,
-                       row.picFlag || row.picturePath.empty(), row.picField};
+    return PictureItem{
+        rectOf(row.left, row.top, row.width, row.height), image,       row.pictureMode != 0, row.picBorder,
+        row.picFlag || row.picturePath.empty(),           row.picField};
   }
   ItemShape title(const TitleRow& row) const {
-    TitleItem item{{}, row.caption, underlinedFontOf(row, document.charSet), plainColor(row.foreColor),
+    TitleItem item{{},
+                   row.caption,
+                   underlinedFontOf(row, document.charSet),
+                   plainColor(row.foreColor),
                    alignOf(row.alignment)};
     const SizePx size = measure(item.text, item.font);
     item.rect = {px(row.left), px(row.top), size.width, size.height};
@@ -89,29 +97,49 @@ struct Builder {
   }
   ItemShape field(const FieldRow& row) const {
     const RectPx text = rectOf(row.left, row.top, row.width, row.height);
-    return BoxItem{inflated(text, kFieldInset), text, {row.frameStyle, plainColor(row.frameColor)}, row.defaultText,
-                   fontOf(row, document.charSet), plainColor(row.foreColor), plainColor(row.backColor),
+    return BoxItem{inflated(text, kFieldInset),
+                   text,
+                   {row.frameStyle, plainColor(row.frameColor)},
+                   row.defaultText,
+                   fontOf(row, document.charSet),
+                   plainColor(row.foreColor),
+                   plainColor(row.backColor),
                    alignOf(row.alignment)};
   }
   ItemShape combo(const ComboRow& row) const {
     const FontSpec font = fontOf(row, document.charSet);
     const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)), comboHeight(row.fontSize)};
-    return ComboItem{inflated(text, row.frameStyle < 2 ? 1 : 3), text, {row.frameStyle, plainColor(row.frameColor)}, "",
-                     font, plainColor(row.foreColor), plainColor(row.backColor)};
+    return ComboItem{inflated(text, row.frameStyle < 2 ? 1 : 3),
+                     text,
+                     {row.frameStyle, plainColor(row.frameColor)},
+                     "",
+                     font,
+                     plainColor(row.foreColor),
+                     plainColor(row.backColor)};
   }
   ItemShape memo(const MemoRow& row) const {
     const RectPx text = rectOf(row.left, row.top, row.width, row.height);
     RectPx frame = inflated(text, row.frameStyle == 2 ? 2 : 3);
     if (row.frameStyle < 2) frame = {text.left - 3, text.top - 1, text.width + 4, text.height + 2};
-    return BoxItem{frame, text, {row.frameStyle, plainColor(row.frameColor)}, "", fontOf(row, document.charSet),
-                   plainColor(row.foreColor), plainColor(row.backColor), TextAlign::left, true};
+    return BoxItem{frame,
+                   text,
+                   {row.frameStyle, plainColor(row.frameColor)},
+                   "",
+                   fontOf(row, document.charSet),
+                   plainColor(row.foreColor),
+                   plainColor(row.backColor),
+                   TextAlign::left,
+                   true};
   }
   ItemShape check(const CheckRow& row) const {
     return CheckItem{{px(row.left), px(row.top), kCheckSize, kCheckSize}, false, row.appearance != 0};
   }
   ItemShape button(const ButtonRow& row) const {
-    return ButtonItem{rectOf(row.left, row.top, row.width, row.height), row.caption,
-                      underlinedFontOf(row, document.charSet), plainColor(row.foreColor), plainColor(row.backColor),
+    return ButtonItem{rectOf(row.left, row.top, row.width, row.height),
+                      row.caption,
+                      underlinedFontOf(row, document.charSet),
+                      plainColor(row.foreColor),
+                      plainColor(row.backColor),
                       buttonIconOf(row.buttonIcon)};
   }
   ItemShape script(const ScriptRow& row) const {
@@ -140,7 +168,7 @@ const Row* rowAt(const std::vector<Row>& rows, int index) {
 }
 
 template <class Row>
-std::string nameOf(const std::vector<Row>& rows, int index, std::string lead, std::string Row::* label) {
+std::string nameOf(const std::vector<Row>& rows, int index, std::string lead, std::string Row::*label) {
   const Row* row = rowAt(rows, index);
   if (!row) return "";
   const std::string& text = row->*label;
@@ -172,12 +200,14 @@ bool showsOnPage(int objectPage, bool visible, int page) {
   return objectPage == page && page >= 0 && page < kPages && (page != 0 || visible);
 }
 
-PageItems pageItems(const ProjectDocument& document, int page, PageImages& images, const TextMeasure& measure) {
+PageItems pageItems(const ProjectDocument& document, int page, PageImages& images,
+                    const TextMeasure& measure) {
   Builder b{document, page, images, measure, {}};
   b.each(ObjectKind::Square, document.squares, 0, [&](const SquareRow& row) { return b.square(row); });
   b.each(ObjectKind::Line, document.lines, 0, [&](const LineRow& row) { return b.line(row); });
   b.each(ObjectKind::Picture, document.pictures, 0, [&](const PictureRow& row) { return b.picture(row); });
-  b.each(ObjectKind::Title, document.titles, kFirstShownTitle, [&](const TitleRow& row) { return b.title(row); });
+  b.each(ObjectKind::Title, document.titles, kFirstShownTitle,
+         [&](const TitleRow& row) { return b.title(row); });
   b.each(ObjectKind::Field, document.fields, 1, [&](const FieldRow& row) { return b.field(row); });
   b.each(ObjectKind::Combo, document.combos, 1, [&](const ComboRow& row) { return b.combo(row); });
   b.each(ObjectKind::Memo, document.memos, 1, [&](const MemoRow& row) { return b.memo(row); });
@@ -201,16 +231,26 @@ std::int32_t pageColorOf(const ProjectDocument& document, int page) {
 std::string objectName(const ProjectDocument& d, ObjectKind kind, int index) {
   const std::string number = std::to_string(index);
   switch (kind) {
-    case ObjectKind::Field: return nameOf(d.fields, index, "F" + number, &FieldRow::tag);
-    case ObjectKind::Memo: return nameOf(d.memos, index, "M" + number, &MemoRow::tag);
-    case ObjectKind::Combo: return nameOf(d.combos, index, "C" + number, &ComboRow::tag);
-    case ObjectKind::Picture: return nameOf(d.pictures, index, "P" + number, &PictureRow::picField);
-    case ObjectKind::CheckBox: return nameOf(d.checks, index, "K" + number, &CheckRow::tag);
-    case ObjectKind::Title: return nameOf(d.titles, index, "L" + number, &TitleRow::caption);
-    case ObjectKind::Line: return rowAt(d.lines, index) ? "Line " + number : "";
-    case ObjectKind::Square: return rowAt(d.squares, index) ? "Square " + number : "";
-    case ObjectKind::Script: return rowAt(d.scripts, index) ? "Script " + number : "";
-    case ObjectKind::Button: return nameOf(d.buttons, index, "Button " + number, &ButtonRow::caption);
+    case ObjectKind::Field:
+      return nameOf(d.fields, index, "F" + number, &FieldRow::tag);
+    case ObjectKind::Memo:
+      return nameOf(d.memos, index, "M" + number, &MemoRow::tag);
+    case ObjectKind::Combo:
+      return nameOf(d.combos, index, "C" + number, &ComboRow::tag);
+    case ObjectKind::Picture:
+      return nameOf(d.pictures, index, "P" + number, &PictureRow::picField);
+    case ObjectKind::CheckBox:
+      return nameOf(d.checks, index, "K" + number, &CheckRow::tag);
+    case ObjectKind::Title:
+      return nameOf(d.titles, index, "L" + number, &TitleRow::caption);
+    case ObjectKind::Line:
+      return rowAt(d.lines, index) ? "Line " + number : "";
+    case ObjectKind::Square:
+      return rowAt(d.squares, index) ? "Square " + number : "";
+    case ObjectKind::Script:
+      return rowAt(d.scripts, index) ? "Script " + number : "";
+    case ObjectKind::Button:
+      return nameOf(d.buttons, index, "Button " + number, &ButtonRow::caption);
   }
   return "";
 }

@@ -1,4 +1,5 @@
-// How a page of the project looks while it is designed: the document's rows as items of widgets/, back to front.
+// How a page of the project looks while it is designed: the document's rows as items of widgets/, back to
+// front.
 #pragma once
 
 #include <cstdint>
@@ -39,20 +40,23 @@ class StoredImages : public PageImages {
 // Size of a text in a font, in pixels at 96 dpi.
 using TextMeasure = std::function<SizePx(std::string_view, const FontSpec&)>;
 
-// True when an object shows on `page` (0 to 4): it lies there or on all pages. `visible` counts on page 0 only.
+// True when an object shows on `page` (0 to 4): it lies there or on all pages. `visible` counts on page 0
+// only.
 bool showsOnPage(int objectPage, bool visible, int page);
 
-// All objects that show on a page, squares at the back, then lines, pictures, titles, fields, combos, memos, check
-// boxes, buttons, scripts. Pixels from the page's top left corner; each item's ref is its ObjectKind and index.
-PageItems pageItems(const ProjectDocument& document, int page, PageImages& images, const TextMeasure& measure);
+// All objects that show on a page, squares at the back, then lines, pictures, titles, fields, combos, memos,
+// check boxes, buttons, scripts. Pixels from the page's top left corner; each item's ref is its ObjectKind
+// and index.
+PageItems pageItems(const ProjectDocument& document, int page, PageImages& images,
+                    const TextMeasure& measure);
 
-// Size of the pages in pixels: of the chosen paper, else the user's own; always within 32 to 20000, whatever the
-// project says. Back colour of a page (0 to 4).
+// Size of the pages in pixels: of the chosen paper, else the user's own; always within 32 to 20000, whatever
+// the project says. Back colour of a page (0 to 4).
 SizePx pageSizePx(const ProjectDocument& document);
 std::int32_t pageColorOf(const ProjectDocument& document, int page);
 
-// The name people know an object by: letter and index ("F12", "Line 3"; squares and scripts by their word) and its
-// field label or caption behind a blank, where it has one. "" when there is no such object.
+// The name people know an object by: letter and index ("F12", "Line 3"; squares and scripts by their word)
+// and its field label or caption behind a blank, where it has one. "" when there is no such object.
 std::string objectName(const ProjectDocument& document, ObjectKind kind, int index);
 
 // How many objects of all kinds live on a page; -1 counts those of all pages too, once.

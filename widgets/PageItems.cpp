@@ -60,20 +60,21 @@ TextAlign alignOf(int alignment) {
 }
 
 Pen squarePen(int borderStyle, int borderWidth, std::int32_t color) {
-  static constexpr std::array<LineStyle, 7> kStyles{LineStyle::none,    LineStyle::solid,      LineStyle::dash, LineStyle::dot,
-                                                    LineStyle::dashDot, LineStyle::dashDotDot, LineStyle::solid};
+  static constexpr std::array<LineStyle, 7> kStyles{
+      LineStyle::none,    LineStyle::solid,      LineStyle::dash, LineStyle::dot,
+      LineStyle::dashDot, LineStyle::dashDotDot, LineStyle::solid};
   const bool known = borderStyle >= 0 && borderStyle < static_cast<int>(kStyles.size());
-  return {known ? kStyles[static_cast<std::size_t>(borderStyle)] : LineStyle::solid, std::clamp(borderWidth, 1, 500),
-          plainColor(color)};
+  return {known ? kStyles[static_cast<std::size_t>(borderStyle)] : LineStyle::solid,
+          std::clamp(borderWidth, 1, 500), plainColor(color)};
 }
 
 Brush squareBrush(int backStyle, std::int32_t backColor, int fillStyle, std::int32_t fillColor) {
   const std::int32_t back = plainColor(backColor), fill = plainColor(fillColor);
   if (fillStyle == 0) return {FillStyle::solid, fill, false, back};
   if (fillStyle >= 2 && fillStyle <= 7) {
-    static constexpr std::array<FillStyle, 6> kHatches{FillStyle::horizontal,       FillStyle::vertical,
-                                                       FillStyle::upwardDiagonal,   FillStyle::downwardDiagonal,
-                                                       FillStyle::cross,            FillStyle::diagonalCross};
+    static constexpr std::array<FillStyle, 6> kHatches{FillStyle::horizontal,     FillStyle::vertical,
+                                                       FillStyle::upwardDiagonal, FillStyle::downwardDiagonal,
+                                                       FillStyle::cross,          FillStyle::diagonalCross};
     return {kHatches[static_cast<std::size_t>(fillStyle - 2)], fill, backStyle != 0, back};
   }
   if (backStyle != 0) return {FillStyle::solid, back, false, back};

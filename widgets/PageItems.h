@@ -1,5 +1,5 @@
-// A page as a list of plain items in pixels, back to front: what both programs paint, whoever made the list. An item
-// says how it looks and nothing about projects or records; `ref` carries the maker's own name for it.
+// A page as a list of plain items in pixels, back to front: what both programs paint, whoever made the list.
+// An item says how it looks and nothing about projects or records; `ref` carries the maker's own name for it.
 #pragma once
 
 #include <cstdint>
@@ -61,7 +61,7 @@ struct TitleItem {
 
 // Field box or memo. The frame surrounds the text's rectangle and is filled with the same colour.
 struct BoxItem {
-  RectPx rect;       // frame outside
+  RectPx rect;  // frame outside
   RectPx textRect;
   Frame frame;
   std::string text;
@@ -73,7 +73,7 @@ struct BoxItem {
 
 struct ComboItem {
   RectPx rect;
-  RectPx textRect;    // text and drop arrow
+  RectPx textRect;  // text and drop arrow
   Frame frame;
   std::string text;
   FontSpec font;
@@ -88,7 +88,21 @@ struct CheckItem {
 
 // Numbers of the built-in button pictures.
 enum class ButtonIcon {
-  none, first, fastBack, back, next, fastNext, last, newRecord, find, print, mail, copy, calendar, help, document
+  none,
+  first,
+  fastBack,
+  back,
+  next,
+  fastNext,
+  last,
+  newRecord,
+  find,
+  print,
+  mail,
+  copy,
+  calendar,
+  help,
+  document
 };
 // The picture of a stored number: 1 to 13 as listed, above 13 the document, all else none.
 ButtonIcon buttonIconOf(int number);
@@ -115,8 +129,8 @@ struct TabItem {
   bool selected = false;
 };
 
-using ItemShape = std::variant<SquareItem, LineItem, PictureItem, TitleItem, BoxItem, ComboItem, CheckItem, ButtonItem,
-                               ScriptItem, TabItem>;
+using ItemShape = std::variant<SquareItem, LineItem, PictureItem, TitleItem, BoxItem, ComboItem, CheckItem,
+                               ButtonItem, ScriptItem, TabItem>;
 
 struct PageItem {
   ItemRef ref;

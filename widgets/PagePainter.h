@@ -1,5 +1,5 @@
-// Paints page items on any canvas: the designer's whole page, and in a finished application whatever is not a window
-// of its own. The same code serves screen, printer and tests.
+// Paints page items on any canvas: the designer's whole page, and in a finished application whatever is not a
+// window of its own. The same code serves screen, printer and tests.
 #pragma once
 
 #include "widgets/PageItems.h"
@@ -18,8 +18,8 @@ void paintFrame(Canvas& canvas, const RectPx& rect, const Frame& frame, std::int
 // A button picture in the square of `size` pixels at a point.
 void paintButtonIcon(Canvas& canvas, PointPx at, int size, ButtonIcon icon, std::int32_t color);
 
-// How a background image fills a page: 0 everywhere, 1 one column down the left edge, 2 one row along the top, other
-// values not at all. Paints only what meets `clip`.
+// How a background image fills a page: 0 everywhere, 1 one column down the left edge, 2 one row along the
+// top, other values not at all. Paints only what meets `clip`.
 void paintTiles(Canvas& canvas, const Image& tile, int tileMode, SizePx page, const RectPx& clip);
 
 // The colour moved towards white (percent 1 to 100) or black (-1 to -100).

@@ -9,8 +9,8 @@
 
 #include "platform/win32/Dialogs.h"
 #include "platform/win32/GdiCanvas.h"
-#include "platform/win32/Win32Text.h"
 #include "platform/win32/WicPictures.h"
+#include "platform/win32/Win32Text.h"
 #include "surface/win32/WindowTools.h"
 
 namespace plinth {
@@ -44,9 +44,12 @@ std::wstring entryText(const MenuEntry& entry) {
 }
 
 bool sameStory(const std::vector<Menu>& a, const std::vector<Menu>& b) {
-  const auto sameEntry = [](const MenuEntry& x, const MenuEntry& y) { return x.id == y.id && x.text == y.text; };
+  const auto sameEntry = [](const MenuEntry& x, const MenuEntry& y) {
+    return x.id == y.id && x.text == y.text;
+  };
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](const Menu& x, const Menu& y) {
-    return x.title == y.title && std::equal(x.entries.begin(), x.entries.end(), y.entries.begin(), y.entries.end(), sameEntry);
+    return x.title == y.title &&
+           std::equal(x.entries.begin(), x.entries.end(), y.entries.begin(), y.entries.end(), sameEntry);
   });
 }
 
@@ -56,7 +59,8 @@ HMENU menuBar(const std::vector<Menu>& menus) {
   for (const Menu& menu : menus) {
     const HMENU popup = ::CreatePopupMenu();
     for (const MenuEntry& entry : menu.entries)
-      ::AppendMenuW(popup, entry.id == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.id), entryText(entry).c_str());
+      ::AppendMenuW(popup, entry.id == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.id),
+                    entryText(entry).c_str());
     ::AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), wideUtf8(menu.title).c_str());
   }
   return bar;
@@ -64,11 +68,13 @@ HMENU menuBar(const std::vector<Menu>& menus) {
 
 DesignerParts partsOf(const DesignerSetup& setup, Progress& progress, HDC measuring) {
   const std::span<const std::uint8_t> icon = setup.defaultIcon;
-  return {{setup.files, setup.messages, setup.chooser, setup.settings, setup.clock, progress, setup.programFolder,
-           [icon] { return Bytes(icon.begin(), icon.end()); }, setup.firstInstance},
+  return {{setup.files, setup.messages, setup.chooser, setup.settings, setup.clock, progress,
+           setup.programFolder, [icon] { return Bytes(icon.begin(), icon.end()); }, setup.firstInstance},
           setup.dialogs,
           decoder(),
-          [measuring](std::string_view text, const FontSpec& font) { return GdiCanvas(measuring).measure(text, font); },
+          [measuring](std::string_view text, const FontSpec& font) {
+            return GdiCanvas(measuring).measure(text, font);
+          },
           setup.stub,
           icon,
           setup.version,
@@ -80,8 +86,9 @@ DesignerParts partsOf(const DesignerSetup& setup, Progress& progress, HDC measur
 DesignerFrame::DesignerFrame(const DesignerSetup& setup)
     : measuring_(::CreateCompatibleDC(nullptr)), designer_(partsOf(setup, *this, measuring_.get()), *this) {
   registerClass(procedure);
-  window_ = ::CreateWindowExW(WS_EX_ACCEPTFILES, kClass, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                              CW_USEDEFAULT, kFirstWidth, kFirstHeight, nullptr, nullptr, ::GetModuleHandleW(nullptr), this);
+  window_ = ::CreateWindowExW(WS_EX_ACCEPTFILES, kClass, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                              CW_USEDEFAULT, CW_USEDEFAULT, kFirstWidth, kFirstHeight, nullptr, nullptr,
+                              ::GetModuleHandleW(nullptr), this);
   scale_ = windowScale(window_);
   makeChildren();
 }
@@ -97,10 +104,11 @@ void DesignerFrame::makeChildren() {
   font_ = messageFont(scale_);
   area_ = std::make_unique<PageArea>(window_, kPageAreaId, designer_.surface(),
                                      [this](const KeyEvent& key) { return designer_.keyDown(key); });
-  status_ = ::CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0, window_,
-                              id(kStatusId), nullptr, nullptr);
+  status_ = ::CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
+                              window_, id(kStatusId), nullptr, nullptr);
   ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
-  bar_ = ::CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD, 0, 0, 0, 0, status_, id(kProgressId), nullptr, nullptr);
+  bar_ = ::CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD, 0, 0, 0, 0, status_, id(kProgressId), nullptr,
+                           nullptr);
 }
 
 bool DesignerFrame::start(const std::string& commandLine, int show) {
@@ -115,8 +123,10 @@ bool DesignerFrame::start(const std::string& commandLine, int show) {
 void DesignerFrame::place(int show) {
   RECT now;
   ::GetWindowRect(window_, &now);
-  POINT corner{twipsToPixels(static_cast<float>(designer_.shell().position("Form1Left", static_cast<int>(pixelsToTwips(now.left))))),
-               twipsToPixels(static_cast<float>(designer_.shell().position("Form1Top", static_cast<int>(pixelsToTwips(now.top)))))};
+  POINT corner{twipsToPixels(static_cast<float>(
+                   designer_.shell().position("Form1Left", static_cast<int>(pixelsToTwips(now.left))))),
+               twipsToPixels(static_cast<float>(
+                   designer_.shell().position("Form1Top", static_cast<int>(pixelsToTwips(now.top)))))};
   MONITORINFO monitor = {};
   monitor.cbSize = sizeof monitor;
   ::GetMonitorInfoW(::MonitorFromPoint(corner, MONITOR_DEFAULTTONEAREST), &monitor);
@@ -158,25 +168,42 @@ LRESULT CALLBACK DesignerFrame::procedure(HWND window, UINT message, WPARAM wPar
 
 LRESULT DesignerFrame::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_SIZE: layout(); return 0;
+    case WM_SIZE:
+      layout();
+      return 0;
     case WM_SETFOCUS:
       if (area_) ::SetFocus(area_->window());
       return 0;
     case WM_COMMAND:
       if (runCommand(designer_, LOWORD(wParam))) return 0;
       break;
-    case WM_INITMENUPOPUP: updateMenu(reinterpret_cast<HMENU>(wParam)); return 0;
-    case WM_DROPFILES: dropFiles(wParam); return 0;
+    case WM_INITMENUPOPUP:
+      updateMenu(reinterpret_cast<HMENU>(wParam));
+      return 0;
+    case WM_DROPFILES:
+      dropFiles(wParam);
+      return 0;
     case WM_SETCURSOR:
       if (!waiting_ || LOWORD(lParam) != HTCLIENT) break;
       ::SetCursor(::LoadCursorA(nullptr, IDC_WAIT));
       return TRUE;
-    case 0x02E0: scaleChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;  // WM_DPICHANGED
-    case WM_CLOSE: designer_.exit(); return 0;
-    case WM_QUERYENDSESSION: return designer_.shell().mayExit();
-    case WM_DESTROY: ::PostQuitMessage(0); return 0;
-    case WM_NCDESTROY: ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0); window_ = nullptr; return 0;
-    default: break;
+    case 0x02E0:
+      scaleChanged(*reinterpret_cast<const RECT*>(lParam));
+      return 0;  // WM_DPICHANGED
+    case WM_CLOSE:
+      designer_.exit();
+      return 0;
+    case WM_QUERYENDSESSION:
+      return designer_.shell().mayExit();
+    case WM_DESTROY:
+      ::PostQuitMessage(0);
+      return 0;
+    case WM_NCDESTROY:
+      ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+      window_ = nullptr;
+      return 0;
+    default:
+      break;
   }
   return ::DefWindowProcW(window_, message, wParam, lParam);
 }
@@ -246,7 +273,9 @@ void DesignerFrame::objectPointedAt(const std::string& name) {
   if (ready_) designer_.setPointed(name);
 }
 
-void DesignerFrame::showCaption(const std::string& utf8) { ::SetWindowTextW(window_, wideUtf8(utf8).c_str()); }
+void DesignerFrame::showCaption(const std::string& utf8) {
+  ::SetWindowTextW(window_, wideUtf8(utf8).c_str());
+}
 
 void DesignerFrame::menusChanged() {
   if (!ready_ || !window_) return;

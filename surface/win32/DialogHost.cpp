@@ -1,4 +1,5 @@
-// Rows to controls in order, so that the Tab key walks them as they are listed; Enter and Esc are the system's own.
+// Rows to controls in order, so that the Tab key walks them as they are listed; Enter and Esc are the
+// system's own.
 #include "surface/win32/DialogHost.h"
 
 #include <commctrl.h>
@@ -65,7 +66,9 @@ class DialogWindow {
 
  private:
   int px(int pixels) const { return static_cast<int>(pixels * scale_ + 0.5); }
-  int codePageOf(const DialogRow& row) const { return row.kind == RowKind::folder ? systemCodePage() : spec_.codePage; }
+  int codePageOf(const DialogRow& row) const {
+    return row.kind == RowKind::folder ? systemCodePage() : spec_.codePage;
+  }
   HWND control(int id) const { return ::GetDlgItem(window_, id); }
 
   void build(HWND window) {
@@ -74,8 +77,9 @@ class DialogWindow {
     font_ = messageFont(scale_);
     bold_ = messageFont(scale_, true);
     ::SetWindowTextW(window, toWide(spec_.title, spec_.codePage).c_str());
-    tips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
-                              window, nullptr, nullptr, nullptr);
+    tips_ =
+        ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
+                          0, 0, 0, window, nullptr, nullptr, nullptr);
     y_ = kMargin;
     labelWidth_ = widestLabel();
     for (const DialogRow& row : spec_.rows) addRow(row);
@@ -88,9 +92,10 @@ class DialogWindow {
   }
 
   HWND add(const wchar_t* type, const std::wstring& text, DWORD style, DWORD exStyle, RECT at, int id) {
-    const HWND made = ::CreateWindowExW(exStyle, type, text.c_str(), WS_CHILD | WS_VISIBLE | style, px(at.left),
-                                        px(at.top), px(at.right - at.left), px(at.bottom - at.top), window_,
-                                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    const HWND made =
+        ::CreateWindowExW(exStyle, type, text.c_str(), WS_CHILD | WS_VISIBLE | style, px(at.left), px(at.top),
+                          px(at.right - at.left), px(at.bottom - at.top), window_,
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     ::SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
     return made;
   }
@@ -105,8 +110,8 @@ class DialogWindow {
   }
 
   static bool hasLabelBeside(const DialogRow& row) {
-    return !row.label.empty() && (row.kind == RowKind::text || row.kind == RowKind::memo || row.kind == RowKind::list ||
-                                  row.kind == RowKind::folder);
+    return !row.label.empty() && (row.kind == RowKind::text || row.kind == RowKind::memo ||
+                                  row.kind == RowKind::list || row.kind == RowKind::folder);
   }
 
   int widestLabel() const {
@@ -132,35 +137,44 @@ class DialogWindow {
       case RowKind::folder: {
         const int browse = row.kind == RowKind::folder ? kBrowseWidth + 4 : 0;
         addLabel(row, 1);
-        add(L"EDIT", value, ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, {left, y_, right - browse, y_ + kRowHeight}, row.id);
+        add(L"EDIT", value, ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE,
+            {left, y_, right - browse, y_ + kRowHeight}, row.id);
         if (browse > 0)
-          add(L"BUTTON", L"...", BS_PUSHBUTTON | WS_TABSTOP, 0, {right - kBrowseWidth, y_, right, y_ + kRowHeight},
-              row.id + kBrowseIds);
+          add(L"BUTTON", L"...", BS_PUSHBUTTON | WS_TABSTOP, 0,
+              {right - kBrowseWidth, y_, right, y_ + kRowHeight}, row.id + kBrowseIds);
         y_ += kRowHeight + kGap;
         break;
       }
       case RowKind::memo: {
         const int high = row.lines * kLineHeight + 6;
         addLabel(row, 2);
-        add(L"EDIT", value, ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE,
-            {left, y_, right, y_ + high}, row.id);
+        add(L"EDIT", value, ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL | WS_TABSTOP,
+            WS_EX_CLIENTEDGE, {left, y_, right, y_ + high}, row.id);
         y_ += high + kGap;
         break;
       }
-      case RowKind::list: addList(row, left, right); break;
+      case RowKind::list:
+        addList(row, left, right);
+        break;
       case RowKind::picture:  // in the label's column beside the row before it
         add(L"STATIC", L"", SS_OWNERDRAW, 0,
-            {kMargin, listTop_ + 2 * kLineHeight + kGap, kMargin + kPicture, listTop_ + 2 * kLineHeight + kGap + kPicture},
+            {kMargin, listTop_ + 2 * kLineHeight + kGap, kMargin + kPicture,
+             listTop_ + 2 * kLineHeight + kGap + kPicture},
             row.id);
         break;
       case RowKind::check: {
-        const HWND box = add(L"BUTTON", label, BS_AUTOCHECKBOX | WS_TABSTOP, 0, {left, y_, right, y_ + kRowHeight}, row.id);
+        const HWND box = add(L"BUTTON", label, BS_AUTOCHECKBOX | WS_TABSTOP, 0,
+                             {left, y_, right, y_ + kRowHeight}, row.id);
         if (row.get && !row.get().empty()) ::SendMessageW(box, BM_SETCHECK, BST_CHECKED, 0);
         y_ += kRowHeight + kGap;
         break;
       }
-      case RowKind::note: addNote(label, value, right); break;
-      case RowKind::button: buttons_.push_back(&row); break;
+      case RowKind::note:
+        addNote(label, value, right);
+        break;
+      case RowKind::button:
+        buttons_.push_back(&row);
+        break;
     }
     addTip(row, {left, top, right, y_});
   }
@@ -169,17 +183,19 @@ class DialogWindow {
     listTop_ = y_;
     addLabel(row, 2);
     const int high = row.lines * kLineHeight + 6;
-    const HWND list = add(L"LISTBOX", L"", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE,
-                          {left, y_, right, y_ + high}, row.id);
+    const HWND list = add(L"LISTBOX", L"", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
+                          WS_EX_CLIENTEDGE, {left, y_, right, y_ + high}, row.id);
     for (const std::string& item : row.items()) {
-      const auto at = ::SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item, spec_.codePage).c_str()));
+      const auto at = ::SendMessageW(list, LB_ADDSTRING, 0,
+                                     reinterpret_cast<LPARAM>(toWide(item, spec_.codePage).c_str()));
       if (row.get && item == row.get()) ::SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(at), 0);
     }
     y_ += high + kGap;
   }
 
   void addNote(const std::wstring& title, const std::wstring& text, int right) {
-    const HWND head = add(L"STATIC", title, SS_LEFT | SS_NOPREFIX, 0, {kMargin, y_, right, y_ + kLineHeight + 2}, -1);
+    const HWND head =
+        add(L"STATIC", title, SS_LEFT | SS_NOPREFIX, 0, {kMargin, y_, right, y_ + kLineHeight + 2}, -1);
     ::SendMessageW(head, WM_SETFONT, reinterpret_cast<WPARAM>(bold_.get()), FALSE);
     y_ += kLineHeight + kGap;
     const WindowDc dc(window_);
@@ -210,7 +226,9 @@ class DialogWindow {
     ::SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
   }
 
-  int buttonWidth(const std::wstring& text) const { return std::max(kButtonWidth, widthOf(text, font_) + 24); }
+  int buttonWidth(const std::wstring& text) const {
+    return std::max(kButtonWidth, widthOf(text, font_) + 24);
+  }
 
   void addButtons() {
     y_ += kGap;
@@ -218,7 +236,8 @@ class DialogWindow {
     for (const DialogRow* row : buttons_) {
       const std::wstring text = toWide(row->label, spec_.codePage);
       const int wide = buttonWidth(text);
-      const HWND button = add(L"BUTTON", text, BS_PUSHBUTTON | WS_TABSTOP, 0, {left, y_, left + wide, y_ + kButtonHeight}, row->id);
+      const HWND button = add(L"BUTTON", text, BS_PUSHBUTTON | WS_TABSTOP, 0,
+                              {left, y_, left + wide, y_ + kButtonHeight}, row->id);
       if (!row->toolTip.empty()) tip(*row, button, {});
       left += wide + kGap;
     }
@@ -226,9 +245,11 @@ class DialogWindow {
     const std::wstring ok = toWide(spec_.ok, spec_.codePage), cancel = toWide(spec_.cancel, spec_.codePage);
     const int cancelWidth = spec_.cancel.empty() ? 0 : buttonWidth(cancel), okWidth = buttonWidth(ok);
     const int okRight = cancelWidth == 0 ? right : right - cancelWidth - kGap;
-    add(L"BUTTON", ok, BS_DEFPUSHBUTTON | WS_TABSTOP, 0, {okRight - okWidth, y_, okRight, y_ + kButtonHeight}, IDOK);
+    add(L"BUTTON", ok, BS_DEFPUSHBUTTON | WS_TABSTOP, 0, {okRight - okWidth, y_, okRight, y_ + kButtonHeight},
+        IDOK);
     if (cancelWidth > 0)
-      add(L"BUTTON", cancel, BS_PUSHBUTTON | WS_TABSTOP, 0, {right - cancelWidth, y_, right, y_ + kButtonHeight}, IDCANCEL);
+      add(L"BUTTON", cancel, BS_PUSHBUTTON | WS_TABSTOP, 0,
+          {right - cancelWidth, y_, right, y_ + kButtonHeight}, IDCANCEL);
     y_ += kButtonHeight + kMargin;
   }
 
@@ -247,8 +268,10 @@ class DialogWindow {
     const auto within = [](LONG at, int size, LONG from, LONG to) {
       return std::max(from, std::min(at, to - static_cast<LONG>(size)));
     };
-    const LONG left = within((around.left + around.right - wide) / 2, wide, monitor.rcWork.left, monitor.rcWork.right);
-    const LONG top = within((around.top + around.bottom - high) / 2, high, monitor.rcWork.top, monitor.rcWork.bottom);
+    const LONG left =
+        within((around.left + around.right - wide) / 2, wide, monitor.rcWork.left, monitor.rcWork.right);
+    const LONG top =
+        within((around.top + around.bottom - high) / 2, high, monitor.rcWork.top, monitor.rcWork.bottom);
     ::SetWindowPos(window_, nullptr, left, top, wide, high, SWP_NOZORDER);
   }
 
@@ -265,7 +288,8 @@ class DialogWindow {
 
   void paintPicture(const DRAWITEMSTRUCT& item) const {
     GdiCanvas canvas(item.hDC, scale_);
-    canvas.box({0, 0, kPicture, kPicture}, {LineStyle::solid, 1, 0xB0B0B0}, {FillStyle::solid, 0xFFFFFF, false, 0});
+    canvas.box({0, 0, kPicture, kPicture}, {LineStyle::solid, 1, 0xB0B0B0},
+               {FillStyle::solid, 0xFFFFFF, false, 0});
     if (!picture_) return;
     const SizePx size = picture_->size();
     const int wide = std::min(size.width, kPicture - 4), high = std::min(size.height, kPicture - 4);
@@ -309,10 +333,17 @@ class DialogWindow {
 
   INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-      case WM_COMMAND: command(LOWORD(wParam), HIWORD(wParam)); return TRUE;
-      case WM_DRAWITEM: paintPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)); return TRUE;
-      case WM_CLOSE: ::EndDialog(window_, FALSE); return TRUE;
-      default: return FALSE;
+      case WM_COMMAND:
+        command(LOWORD(wParam), HIWORD(wParam));
+        return TRUE;
+      case WM_DRAWITEM:
+        paintPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        return TRUE;
+      case WM_CLOSE:
+        ::EndDialog(window_, FALSE);
+        return TRUE;
+      default:
+        return FALSE;
     }
   }
 

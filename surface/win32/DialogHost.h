@@ -1,4 +1,5 @@
-// Builds any dialog from its rows as a window and runs it: labels at the left, values at the right, buttons below.
+// Builds any dialog from its rows as a window and runs it: labels at the left, values at the right, buttons
+// below.
 #pragma once
 
 #include "platform/win32/Dialogs.h"

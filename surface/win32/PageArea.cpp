@@ -35,8 +35,9 @@ unsigned shiftState() {
 PageArea::PageArea(HWND parent, int id, PageSurface& surface, KeyHandler keys)
     : surface_(surface), keys_(std::move(keys)), scale_(windowScale(parent)) {
   registerClass(procedure);
-  window_ = ::CreateWindowExW(0, kClass, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_HSCROLL | WS_VSCROLL, 0, 0, 10, 10,
-                              parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, this);
+  window_ =
+      ::CreateWindowExW(0, kClass, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_HSCROLL | WS_VSCROLL, 0, 0,
+                        10, 10, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, this);
 }
 
 PageArea::~PageArea() {
@@ -60,21 +61,47 @@ LRESULT CALLBACK PageArea::procedure(HWND window, UINT message, WPARAM wParam, L
 
 LRESULT PageArea::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_PAINT: paint(); return 0;
-    case WM_ERASEBKGND: return 1;  // painting covers everything
-    case WM_SIZE: resize(); return 0;
-    case WM_HSCROLL: scroll(SB_HORZ, LOWORD(wParam)); return 0;
-    case WM_VSCROLL: scroll(SB_VERT, LOWORD(wParam)); return 0;
-    case WM_MOUSEWHEEL: wheel(wParam); return 0;
-    case WM_LBUTTONDOWN: ::SetFocus(window_); surface_.mouseDown(mouse(1, lParam)); return 0;
-    case WM_RBUTTONDOWN: ::SetFocus(window_); surface_.mouseDown(mouse(2, lParam)); return 0;
-    case WM_MOUSEMOVE: pointerMoved(lParam); return 0;
-    case WM_MOUSELEAVE: tracking_ = false; surface_.mouseLeave(); return 0;
+    case WM_PAINT:
+      paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;  // painting covers everything
+    case WM_SIZE:
+      resize();
+      return 0;
+    case WM_HSCROLL:
+      scroll(SB_HORZ, LOWORD(wParam));
+      return 0;
+    case WM_VSCROLL:
+      scroll(SB_VERT, LOWORD(wParam));
+      return 0;
+    case WM_MOUSEWHEEL:
+      wheel(wParam);
+      return 0;
+    case WM_LBUTTONDOWN:
+      ::SetFocus(window_);
+      surface_.mouseDown(mouse(1, lParam));
+      return 0;
+    case WM_RBUTTONDOWN:
+      ::SetFocus(window_);
+      surface_.mouseDown(mouse(2, lParam));
+      return 0;
+    case WM_MOUSEMOVE:
+      pointerMoved(lParam);
+      return 0;
+    case WM_MOUSELEAVE:
+      tracking_ = false;
+      surface_.mouseLeave();
+      return 0;
     case WM_KEYDOWN:
       if (keys_({static_cast<int>(wParam), shiftState()})) return 0;
       break;
-    case WM_NCDESTROY: ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0); window_ = nullptr; return 0;
-    default: break;
+    case WM_NCDESTROY:
+      ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+      window_ = nullptr;
+      return 0;
+    default:
+      break;
   }
   return ::DefWindowProcW(window_, message, wParam, lParam);
 }
@@ -99,7 +126,8 @@ void PageArea::paint() {
   const RECT area = paint.area();
   // Rounded outwards, so that no row of device pixels is left out.
   const int left = static_cast<int>(area.left / scale_) - 1, top = static_cast<int>(area.top / scale_) - 1;
-  const int right = static_cast<int>(area.right / scale_) + 2, bottom = static_cast<int>(area.bottom / scale_) + 2;
+  const int right = static_cast<int>(area.right / scale_) + 2,
+            bottom = static_cast<int>(area.bottom / scale_) + 2;
   surface_.paint(canvas, {left, top, right - left, bottom - top});
 }
 
@@ -114,9 +142,7 @@ void PageArea::scaleChanged() {
   resize();
 }
 
-void PageArea::showScroll() {
-  if (!window_ || showing_) return;
-  showing_ = true;  // a bar that comes or goes resizes the client area, which asks for this again
+void PageArea::setBars() {
   for (const int bar : {SB_HORZ, SB_VERT}) {
     const ScrollAxis& axis = bar == SB_HORZ ? surface_.horizontal() : surface_.vertical();
     SCROLLINFO info = {};
@@ -126,6 +152,19 @@ void PageArea::showScroll() {
     info.nPage = static_cast<UINT>(std::max(0, axis.view));
     info.nPos = axis.value;
     ::SetScrollInfo(window_, bar, &info, TRUE);
+  }
+}
+
+// A bar that comes or goes resizes the client area, which asks for this again; two bars settle in as many
+// rounds.
+void PageArea::showScroll() {
+  constexpr int kRounds = 3;
+  again_ = true;
+  if (!window_ || showing_) return;
+  showing_ = true;
+  for (int round = 0; again_ && round < kRounds; ++round) {
+    again_ = false;
+    setBars();
   }
   showing_ = false;
 }
@@ -138,17 +177,33 @@ void PageArea::scroll(int bar, int code) {
   ::GetScrollInfo(window_, bar, &info);
   int to = axis.value;
   switch (code) {
-    case SB_LINEUP: to -= kScrollLine; break;
-    case SB_LINEDOWN: to += kScrollLine; break;
-    case SB_PAGEUP: to -= axis.view - kScrollLine; break;
-    case SB_PAGEDOWN: to += axis.view - kScrollLine; break;
-    case SB_TOP: to = 0; break;
-    case SB_BOTTOM: to = axis.most(); break;
+    case SB_LINEUP:
+      to -= kScrollLine;
+      break;
+    case SB_LINEDOWN:
+      to += kScrollLine;
+      break;
+    case SB_PAGEUP:
+      to -= axis.view - kScrollLine;
+      break;
+    case SB_PAGEDOWN:
+      to += axis.view - kScrollLine;
+      break;
+    case SB_TOP:
+      to = 0;
+      break;
+    case SB_BOTTOM:
+      to = axis.most();
+      break;
     case SB_THUMBTRACK:
-    case SB_THUMBPOSITION: to = info.nTrackPos; break;
-    default: return;
+    case SB_THUMBPOSITION:
+      to = info.nTrackPos;
+      break;
+    default:
+      return;
   }
-  bar == SB_HORZ ? surface_.scrollTo(to, surface_.vertical().value) : surface_.scrollTo(surface_.horizontal().value, to);
+  bar == SB_HORZ ? surface_.scrollTo(to, surface_.vertical().value)
+                 : surface_.scrollTo(surface_.horizontal().value, to);
 }
 
 void PageArea::wheel(WPARAM wParam) {

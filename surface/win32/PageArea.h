@@ -1,4 +1,5 @@
-// The window of the drawing area: paints the surface, owns the scroll bars and forwards mouse and keys as values.
+// The window of the drawing area: paints the surface, owns the scroll bars and forwards mouse and keys as
+// values.
 #pragma once
 
 #include <functional>
@@ -20,14 +21,15 @@ class PageArea {
 
   HWND window() const { return window_; }
   void invalidate() { ::InvalidateRect(window_, nullptr, FALSE); }
-  void showScroll();   // after SurfaceView::scrollChanged
-  void scaleChanged(); // the window moved to a screen of other density
+  void showScroll();    // after SurfaceView::scrollChanged
+  void scaleChanged();  // the window moved to a screen of other density
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
   void paint();
   void resize();
+  void setBars();
   void scroll(int bar, int code);
   void wheel(WPARAM wParam);
   void pointerMoved(LPARAM lParam);
@@ -38,7 +40,7 @@ class PageArea {
   KeyHandler keys_;
   double scale_ = 1;
   int wheelRest_ = 0;
-  bool tracking_ = false, showing_ = false;
+  bool tracking_ = false, showing_ = false, again_ = false;
 };
 
 // Which of Shift, Ctrl and Alt are down, as ShiftState bits.

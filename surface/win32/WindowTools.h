@@ -1,4 +1,5 @@
-// What every window of the designer needs of Windows: its scale, its message font, text in and out of controls.
+// What every window of the designer needs of Windows: its scale, its message font, text in and out of
+// controls.
 #pragma once
 
 #include <string>

@@ -1,4 +1,5 @@
-// The designer as a person uses it, on a machine in memory: commands, keys, dialogs and what the window is told.
+// The designer as a person uses it, on a machine in memory: commands, keys, dialogs and what the window is
+// told.
 #include "surface/DesignerController.h"
 
 #include <gtest/gtest.h>
@@ -83,8 +84,13 @@ class DesignerControllerTest : public testing::Test {
   Bytes stub = Bytes(5000, 7), icon = Bytes(766, 1);
   DesignerController designer{
       {{files, messages, chooser, settings, clock, progress, "/designer/", [this] { return icon; }, true},
-       dialogs, decoder, [](std::string_view text, const FontSpec& font) { return RecordingCanvas().measure(text, font); },
-       stub, icon, "2.0", 1252},
+       dialogs,
+       decoder,
+       [](std::string_view text, const FontSpec& font) { return RecordingCanvas().measure(text, font); },
+       stub,
+       icon,
+       "2.0",
+       1252},
       window};
 };
 

@@ -52,20 +52,24 @@ TEST(PageView, ObjectsShowOnTheirPageOrOnAll) {
     bool visible;
     int page;
     bool shows;
-  } cases[] = {{0, true, 0, true},  {0, false, 0, false}, {1, false, 1, true}, {1, true, 0, false}, {-1, true, 3, true},
-               {-1, false, 0, true}, {5, true, 5, false},  {95, true, 4, false}, {4, true, 4, true}};
+  } cases[] = {{0, true, 0, true},  {0, false, 0, false}, {1, false, 1, true},
+               {1, true, 0, false}, {-1, true, 3, true},  {-1, false, 0, true},
+               {5, true, 5, false}, {95, true, 4, false}, {4, true, 4, true}};
   for (const auto& c : cases)
     EXPECT_EQ(showsOnPage(c.objectPage, c.visible, c.page), c.shows) << c.objectPage << " on " << c.page;
 }
 
 TEST(PageView, KindsLieInStackingOrder) {
   ProjectDocument d;
-  added(d.buttons, 0, 0), added(d.checks, 0, 0), added(d.memos, 2, 0), added(d.combos, 1, 0), added(d.fields, 1, 0);
-  added(d.titles, 6, 0), added(d.pictures, 0, 0), added(d.lines, 1, 0), added(d.squares, 0, 0), added(d.scripts, 1, 0);
-  const std::vector<int> expected{number(ObjectKind::Square), number(ObjectKind::Line),   number(ObjectKind::Picture),
-                                  number(ObjectKind::Title),  number(ObjectKind::Field),  number(ObjectKind::Combo),
-                                  number(ObjectKind::Memo),   number(ObjectKind::CheckBox), number(ObjectKind::Button),
-                                  number(ObjectKind::Script)};
+  added(d.buttons, 0, 0), added(d.checks, 0, 0), added(d.memos, 2, 0), added(d.combos, 1, 0),
+      added(d.fields, 1, 0);
+  added(d.titles, 6, 0), added(d.pictures, 0, 0), added(d.lines, 1, 0), added(d.squares, 0, 0),
+      added(d.scripts, 1, 0);
+  const std::vector<int> expected{number(ObjectKind::Square),  number(ObjectKind::Line),
+                                  number(ObjectKind::Picture), number(ObjectKind::Title),
+                                  number(ObjectKind::Field),   number(ObjectKind::Combo),
+                                  number(ObjectKind::Memo),    number(ObjectKind::CheckBox),
+                                  number(ObjectKind::Button),  number(ObjectKind::Script)};
   EXPECT_EQ(kindsOn(d, 0), expected);
   EXPECT_TRUE(kindsOn(d, 1).empty());
   EXPECT_EQ(objectsOnPage(d, 0), 10);
@@ -122,8 +126,8 @@ TEST(PageView, PageSizeComesFromThePaperOrTheUser) {
     int code;
     bool landscape;
     int width, height;
-  } cases[] = {{0, false, 816, 1056}, {12, false, 794, 1123}, {12, true, 1123, 794}, {22, true, 640, 480},
-               {18, false, 640, 480}, {-3, false, 640, 480}};
+  } cases[] = {{0, false, 816, 1056}, {12, false, 794, 1123}, {12, true, 1123, 794},
+               {22, true, 640, 480},  {18, false, 640, 480},  {-3, false, 640, 480}};
   for (const auto& c : cases) {
     ProjectDocument d;
     d.pageSizeCode = static_cast<std::int16_t>(c.code);

@@ -35,8 +35,9 @@ TEST(PagePainter, SquaresTakeTheirSixForms) {
     int stored;
     const char* begins;
     bool round;
-  } cases[] = {{0, "box 10,20 40x30", false},     {1, "box 15,20 30x30", false}, {2, "ellipse 10,20 40x30", false},
-               {3, "ellipse 15,20 30x30", false}, {4, "box 10,20 40x30", true},  {5, "box 15,20 30x30", true},
+  } cases[] = {{0, "box 10,20 40x30", false},     {1, "box 15,20 30x30", false},
+               {2, "ellipse 10,20 40x30", false}, {3, "ellipse 15,20 30x30", false},
+               {4, "box 10,20 40x30", true},      {5, "box 15,20 30x30", true},
                {6, "box 10,20 40x30", false},     {-1, "box 10,20 40x30", false}};
   for (const auto& c : cases) {
     const std::string call = painted(SquareItem{{10, 20, 40, 30}, shapeFormOf(c.stored), {}, {}});
@@ -47,23 +48,24 @@ TEST(PagePainter, SquaresTakeTheirSixForms) {
 
 TEST(PagePainter, StoredNumbersBecomePensAndBrushes) {
   // backStyle, fillStyle: what the inside of a square is filled with.
-  EXPECT_EQ(squareBrush(1, 0xAA, 1, 0xBB).color, 0xAA);                      // opaque back, no fill
-  EXPECT_EQ(squareBrush(0, 0xAA, 1, 0xBB).style, FillStyle::none);           // neither
-  EXPECT_EQ(squareBrush(0, 0xAA, 0, 0xBB).color, 0xBB);                      // solid fill wins over the back
+  EXPECT_EQ(squareBrush(1, 0xAA, 1, 0xBB).color, 0xAA);             // opaque back, no fill
+  EXPECT_EQ(squareBrush(0, 0xAA, 1, 0xBB).style, FillStyle::none);  // neither
+  EXPECT_EQ(squareBrush(0, 0xAA, 0, 0xBB).color, 0xBB);             // solid fill wins over the back
   const Brush hatch = squareBrush(1, 0xAA, 7, 0xBB);
   EXPECT_EQ(hatch.style, FillStyle::diagonalCross);
   EXPECT_TRUE(hatch.opaqueBack && hatch.backColor == 0xAA && hatch.color == 0xBB);
-  EXPECT_EQ(squareBrush(1, 0xAA, 99, 0xBB).color, 0xAA);                     // unknown fill: as none
+  EXPECT_EQ(squareBrush(1, 0xAA, 99, 0xBB).color, 0xAA);  // unknown fill: as none
   EXPECT_EQ(squarePen(0, 3, 1).style, LineStyle::none);
   EXPECT_EQ(squarePen(6, 0, 1).width, 1);
   EXPECT_EQ(squarePen(5, 1, 1).style, LineStyle::dashDotDot);
-  EXPECT_EQ(plainColor(static_cast<std::int32_t>(0x80000005)), 0xFFFFFF);    // window
-  EXPECT_EQ(plainColor(static_cast<std::int32_t>(0x800000FF)), 0xFFFFFF);    // no such system colour
+  EXPECT_EQ(plainColor(static_cast<std::int32_t>(0x80000005)), 0xFFFFFF);  // window
+  EXPECT_EQ(plainColor(static_cast<std::int32_t>(0x800000FF)), 0xFFFFFF);  // no such system colour
   EXPECT_EQ(withoutAccessKey("Save && E&xit&"), "Save & Exit");
 }
 
 TEST(PagePainter, BoxesShowTextFrameAndColours) {
-  BoxItem box{{7, 7, 106, 21}, {10, 10, 100, 15}, {1, 0x808080}, "12.50", {}, 0x0000FF, 0xFFFFFF, TextAlign::right};
+  BoxItem box{{7, 7, 106, 21}, {10, 10, 100, 15}, {1, 0x808080},   "12.50", {},
+              0x0000FF,        0xFFFFFF,          TextAlign::right};
   const std::string field = painted(box);
   EXPECT_NE(field.find("box 7,7 106x21 pen none brush solid #ffffff"), std::string::npos);
   EXPECT_NE(field.find("text 11,10 98x15 \"12.50\" Arial 9 #ff0000 right middle"), std::string::npos);
@@ -87,7 +89,8 @@ TEST(PagePainter, PicturesStretchOrKeepTheirSize) {
 TEST(PagePainter, ButtonsCentreIconAndCaptionTogether) {
   const std::string plain = painted(ButtonItem{{0, 0, 100, 30}, "&New", {}});
   EXPECT_NE(plain.find("\"New\" Arial 9 #000000 center middle"), std::string::npos);
-  const std::string icon = painted(ButtonItem{{0, 0, 100, 30}, "New", {}, 0, 0xF0F0F0, ButtonIcon::newRecord});
+  const std::string icon =
+      painted(ButtonItem{{0, 0, 100, 30}, "New", {}, 0, 0xF0F0F0, ButtonIcon::newRecord});
   EXPECT_NE(icon.find("\"New\" Arial 9 #000000 left middle"), std::string::npos);
   for (int number = 1; number <= 20; ++number)  // each number has a picture
     EXPECT_NE(painted(ButtonItem{{0, 0, 100, 30}, "", {}, 0, 0xF0F0F0, buttonIconOf(number)}),
@@ -115,9 +118,10 @@ TEST(PagePainter, TilesFillByTheirMode) {
 }
 
 TEST(PagePainter, ShapesWithoutRoomDoNotPaintBackwards) {
-  for (const ItemShape& shape : {ItemShape(CheckItem{{0, 0, 1, 1}}), ItemShape(ButtonItem{{0, 0, 2, 2}, "x", {}}),
-                                 ItemShape(BoxItem{{0, 0, 0, 0}, {}, {5, 0}, "x", {}}),
-                                 ItemShape(PictureItem{{0, 0, 3, 3}, nullptr, false, 1, true, "x"})})
+  for (const ItemShape& shape :
+       {ItemShape(CheckItem{{0, 0, 1, 1}}), ItemShape(ButtonItem{{0, 0, 2, 2}, "x", {}}),
+        ItemShape(BoxItem{{0, 0, 0, 0}, {}, {5, 0}, "x", {}}),
+        ItemShape(PictureItem{{0, 0, 3, 3}, nullptr, false, 1, true, "x"})})
     EXPECT_EQ(painted(shape).find("x-"), std::string::npos) << painted(shape);
 }
 

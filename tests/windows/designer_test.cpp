@@ -1,5 +1,8 @@
 // The designer's real windows, driven by messages as a person's hands would: main window, menu, dialogs.
+#include "platform/win32/WindowsApi.h"  // before what leans on it
+
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include <filesystem>
 #include <functional>
@@ -7,8 +10,6 @@
 #include <vector>
 
 #include "platform/win32/Screenshot.h"
-#include "platform/win32/WindowsApi.h"
-#include <objbase.h>
 #include "surface/DesignerDialogs.h"
 #include "surface/win32/DesignerFrame.h"
 #include "surface/win32/DialogHost.h"
@@ -44,8 +45,8 @@ void shot(HWND window, const std::string& name) {
   EXPECT_TRUE(saveScreenshot(window, "screenshots/designer-" + name + ".png"));
 }
 
-// Hands for modal dialogs: as soon as one has come up, each step of the script gets it; what outlives the script is
-// closed, so that no test waits for a person.
+// Hands for modal dialogs: as soon as one has come up, each step of the script gets it; what outlives the
+// script is closed, so that no test waits for a person.
 class Hands {
  public:
   using Step = std::function<void(HWND dialog)>;
@@ -63,8 +64,9 @@ class Hands {
   static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
     const HWND dialog = ::GetActiveWindow();
     wchar_t name[16] = {};
-    if (!now_ || !dialog || !::IsWindowVisible(dialog) ||
-        !::GetClassNameW(dialog, name, 16) || std::wstring(name) != L"#32770") return;
+    if (!now_ || !dialog || !::IsWindowVisible(dialog) || !::GetClassNameW(dialog, name, 16) ||
+        std::wstring(name) != L"#32770")
+      return;
     if (now_->next_ == now_->steps_.size()) {
       ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
       return;
@@ -116,7 +118,8 @@ class DesignerWindows : public testing::Test {
   HWND owner = nullptr;
   DialogHost dialogs{[this] { return owner; }};
   Bytes stub = Bytes(5000, 7), icon = Bytes(766, 1);
-  DesignerFrame frame{{systemFiles(), messages, chooser, settings, clock, dialogs, folder / "", true, stub, icon, "2.0"}};
+  DesignerFrame frame{
+      {systemFiles(), messages, chooser, settings, clock, dialogs, folder / "", true, stub, icon, "2.0"}};
 };
 
 TEST_F(DesignerWindows, ShowsThePagesOfTheProject) {
@@ -203,7 +206,9 @@ TEST_F(DesignerWindows, DialogsAreLeftByEnterAndEscAndShowWhatTheyKnow) {
   FileProperties values;
   values.comments[4] = "Contacts";
   const LabelSource labels = [](int, const char* english) { return std::string(english); };
-  const auto type = [](HWND dialog, WPARAM key) { ::PostMessageW(::GetFocus() ? ::GetFocus() : dialog, WM_KEYDOWN, key, 0); };
+  const auto type = [](HWND dialog, WPARAM key) {
+    ::PostMessageW(::GetFocus() ? ::GetFocus() : dialog, WM_KEYDOWN, key, 0);
+  };
   {
     Hands hands({[&](HWND dialog) {
       EXPECT_EQ(textOf(::GetDlgItem(dialog, 105)), L"Contacts");
