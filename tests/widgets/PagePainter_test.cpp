@@ -98,6 +98,12 @@ TEST(PagePainter, ButtonsCentreIconAndCaptionTogether) {
         << number;
 }
 
+TEST(PagePainter, TitlesGrowToWhatTheirDeviceNeeds) {
+  EXPECT_EQ(painted(TitleItem{{5, 6, 10, 3}, "Name", {}, 0xFF, TextAlign::center}),
+            "text 5,6 24x14 \"Name\" Arial 9 #ff0000 center\n");
+  EXPECT_EQ(painted(TitleItem{{5, 6, 50, 30}, "Name", {}}), "text 5,6 50x30 \"Name\" Arial 9 #000000 left\n");
+}
+
 TEST(PagePainter, TilesFillByTheirMode) {
   const FakeImage tile({20, 10}, "t");
   const struct {
