@@ -1,5 +1,5 @@
-// Any bytes as a project file: read, write, read again. What was read must survive the round, and the second file
-// must be whole.
+// Any bytes as a project file: read, write, read again. What was read must survive the round, and the second
+// file must be whole.
 #include <cstdint>
 #include <cstdlib>
 

@@ -1,4 +1,5 @@
-// One sort in place of a sweep over all wanted numbers, with the same result: positions first, then kind, then index.
+// One sort in place of a sweep over all wanted numbers, with the same result: positions first, then kind,
+// then index.
 #include "model/AssignTab.h"
 
 #include <algorithm>

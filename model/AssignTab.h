@@ -5,9 +5,10 @@
 
 namespace plinth {
 
-// Renumbers the tab positions of all data-bearing objects from 1. Equal positions fall to the lower index (check boxes,
-// which begin at 0, count from 1 here), then to the kind in the order field, memo, combo, check box. Objects without a
-// usable position (below 1 or above the number of objects plus 100) go behind all others. Vacant slots count too.
+// Renumbers the tab positions of all data-bearing objects from 1. Equal positions fall to the lower index
+// (check boxes, which begin at 0, count from 1 here), then to the kind in the order field, memo, combo, check
+// box. Objects without a usable position (below 1 or above the number of objects plus 100) go behind all
+// others. Vacant slots count too.
 void assignTab(ProjectDocument& document);
 
 }  // namespace plinth

@@ -1,5 +1,5 @@
-// Which language text goes where in a project. The run-time tables follow the numbers of the texts but where the
-// designer's own windows have the number.
+// Which language text goes where in a project. The run-time tables follow the numbers of the texts but where
+// the designer's own windows have the number.
 #include "model/DerivedTexts.h"
 
 #include "basic/DateSerial.h"
@@ -33,11 +33,16 @@ constexpr CaptionLabel kMenuLabels[] = {
 int engineTextLabel(int index) {
   constexpr int kFirst = 237, kShownByEngine = 81, kRest = 331;
   switch (index) {
-    case 44: return 376;
-    case 46: return 377;
-    case 47: return 378;
-    case 48: return 379;
-    default: return index < kShownByEngine ? kFirst + index : kRest + index - kShownByEngine;
+    case 44:
+      return 376;
+    case 46:
+      return 377;
+    case 47:
+      return 378;
+    case 48:
+      return 379;
+    default:
+      return index < kShownByEngine ? kFirst + index : kRest + index - kShownByEngine;
   }
 }
 

@@ -1,5 +1,5 @@
-// The texts that a project carries for its finished application, each a copy of one language text, and the empty
-// project that speaks this language.
+// The texts that a project carries for its finished application, each a copy of one language text, and the
+// empty project that speaks this language.
 #pragma once
 
 #include "model/LanguageTexts.h"
@@ -15,8 +15,8 @@ int statLabel(int index);
 // Fills the three tables and the captions of the run-time menus. Does nothing while no language is loaded.
 void applyLabels(const LanguageTexts& texts, ProjectDocument& document);
 
-// A project without objects, with the default options, captions in this language, and `today` (date serial) in the
-// system label of the date. Without a language the captions are the English ones.
+// A project without objects, with the default options, captions in this language, and `today` (date serial)
+// in the system label of the date. Without a language the captions are the English ones.
 ProjectDocument emptyDocument(const LanguageTexts& texts, double today);
 
 }  // namespace plinth

@@ -1,4 +1,5 @@
-// Opening and saving as a person sees them: questions, messages, caption, recent files. The bytes are ProjectFile's.
+// Opening and saving as a person sees them: questions, messages, caption, recent files. The bytes are
+// ProjectFile's.
 #include <algorithm>
 
 #include "basic/FileName.h"
@@ -81,12 +82,13 @@ bool DesignerShell::load(const std::string& path, bool keepLook) {
   LoadResult result;
   {
     const Busy busy(view_, services_.progress, texts_.text(333));
-    result = readProject(*bytes, *pictures_, {.keepLook = keepLook,
-                                              .fontName = document_.options.fonttext,
-                                              .charSet = document_.charSet,
-                                              .checkPaths = true,
-                                              .defaultImage = defaultImage_,
-                                              .labels = &texts_});
+    result = readProject(*bytes, *pictures_,
+                         {.keepLook = keepLook,
+                          .fontName = document_.options.fonttext,
+                          .charSet = document_.charSet,
+                          .checkPaths = true,
+                          .defaultImage = defaultImage_,
+                          .labels = &texts_});
   }
   if (!result.accepted) {
     services_.messages.show(texts_.text(329), MessageIcon::error);
@@ -137,13 +139,14 @@ bool DesignerShell::saveTo(const std::string& path) {
   {
     const Busy busy(view_, services_.progress, texts_.text(334));
     // An existing file is overwritten in place: what stood behind the new end stays.
-    const Result<Bytes> old = services_.files.exists(path) ? services_.files.read(path) : Result<Bytes>(Bytes());
+    const Result<Bytes> old =
+        services_.files.exists(path) ? services_.files.read(path) : Result<Bytes>(Bytes());
     saved = writeProject(document_, *pictures_, {path, today()}, old.ok() ? *old : Bytes());
     written = services_.files.write(path, saved.bytes);
   }
   if (!written.ok()) {
-    // A file that could not even be opened leaves the project as changed as it was. A write that broke off leaves it
-    // marked as saved, since the mark goes with the file's header.
+    // A file that could not even be opened leaves the project as changed as it was. A write that broke off
+    // leaves it marked as saved, since the mark goes with the file's header.
     const ErrorKind kind = written.error().kind;
     if (kind == ErrorKind::full || kind == ErrorKind::failed) document_.dirty = false;
     services_.messages.show(texts_.text(328, path) + "\n" + written.error().text, MessageIcon::error);

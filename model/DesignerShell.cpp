@@ -21,9 +21,11 @@ std::string unquoted(const std::string& commandLine) {
   return path;
 }
 
-std::vector<std::string> namesWith(const Files& files, const std::string& folder, const std::string& extension) {
+std::vector<std::string> namesWith(const Files& files, const std::string& folder,
+                                   const std::string& extension) {
   std::vector<std::string> names = files.list(folder);
-  std::erase_if(names, [&](const std::string& name) { return !equalAsciiNoCase(extensionOf(name), extension); });
+  std::erase_if(names,
+                [&](const std::string& name) { return !equalAsciiNoCase(extensionOf(name), extension); });
   return names;
 }
 
@@ -46,8 +48,10 @@ bool DesignerShell::start(const std::string& commandLine) {
 
 void DesignerShell::loadIcon() {
   const Result<Bytes> icon = services_.files.read(inFolder("Icons", "Default.ico"));
-  if (icon.ok()) defaultIcon_ = *icon;
-  else if (services_.builtInIcon) defaultIcon_ = services_.builtInIcon();
+  if (icon.ok())
+    defaultIcon_ = *icon;
+  else if (services_.builtInIcon)
+    defaultIcon_ = services_.builtInIcon();
 }
 
 bool DesignerShell::makePictureFolder() {
@@ -67,8 +71,10 @@ bool DesignerShell::makePictureFolder() {
 
 void DesignerShell::readIni() {
   const Result<Bytes> bytes = services_.files.read(beside("Plinth.ini"));
-  if (bytes.ok()) recent_ = readRecentFiles(*bytes);
-  else writeIni();
+  if (bytes.ok())
+    recent_ = readRecentFiles(*bytes);
+  else
+    writeIni();
   view_.recentFilesChanged();
 }
 

@@ -1,5 +1,6 @@
-// The life of the open project: start of the designer, New, Open, Save, Save As, recent files, language, exit. The
-// main window forwards its commands to this and shows what DesignerView tells it; nothing here knows a window.
+// The life of the open project: start of the designer, New, Open, Save, Save As, recent files, language,
+// exit. The main window forwards its commands to this and shows what DesignerView tells it; nothing here
+// knows a window.
 #pragma once
 
 #include <functional>
@@ -43,25 +44,25 @@ struct DesignerServices {
   Settings& settings;
   Clock& clock;
   Progress& progress;
-  std::string programFolder;             // with trailing separator
-  std::function<Bytes()> builtInIcon;    // the icon that the program carries
-  bool firstInstance = true;             // no other designer runs: the temporary pictures may be removed
+  std::string programFolder;           // with trailing separator
+  std::function<Bytes()> builtInIcon;  // the icon that the program carries
+  bool firstInstance = true;           // no other designer runs: the temporary pictures may be removed
 };
 
 class DesignerShell {
  public:
   DesignerShell(DesignerServices services, DesignerView& view);
 
-  // Everything from the icon to the first project. commandLine: path of a project, with or without quotes, or "".
-  // False when the program must end (the message was shown).
+  // Everything from the icon to the first project. commandLine: path of a project, with or without quotes, or
+  // "". False when the program must end (the message was shown).
   bool start(const std::string& commandLine);
 
-  // Each shows its own messages. False: nothing was opened or saved, the open project stays. Before another project
-  // takes the place of one with changes the person is asked to save it.
+  // Each shows its own messages. False: nothing was opened or saved, the open project stays. Before another
+  // project takes the place of one with changes the person is asked to save it.
   bool newProject();
-  bool open();                            // asks for the file
-  bool openPath(const std::string& path); // as open, with a path that is known
-  bool openRecent(int number);            // 1 to 5; nothing happens when the file is gone
+  bool open();                             // asks for the file
+  bool openPath(const std::string& path);  // as open, with a path that is known
+  bool openRecent(int number);             // 1 to 5; nothing happens when the file is gone
   bool openExample(const std::string& path);
   bool save();
   bool saveAs();
@@ -84,7 +85,7 @@ class DesignerShell {
   const std::array<std::string, kRecentFiles>& recentFiles() const { return recent_.paths; }
   const std::string& caption() const { return caption_; }
   const std::string& projectPath() const { return document_.projectPath; }
-  const std::string& lastPath() const { return lastPath_; }   // "": Save asks for a name
+  const std::string& lastPath() const { return lastPath_; }  // "": Save asks for a name
   const std::string& picTempDir() const { return picTempDir_; }
   // Paths of the example projects.
   std::vector<std::string> examples() const;

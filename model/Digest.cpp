@@ -12,14 +12,16 @@ namespace {
 constexpr std::size_t kBlock = 64;
 
 // The first bits of the fractions of the square (2) and cube (3) roots of the first primes.
-template <std::size_t N> std::array<std::uint32_t, N> primeRoots(int root) {
+template <std::size_t N>
+std::array<std::uint32_t, N> primeRoots(int root) {
   std::array<std::uint32_t, N> bits{};
   std::size_t found = 0;
   for (int n = 2; found < N; ++n) {
     bool prime = true;
     for (int i = 2; i * i <= n; ++i) prime = prime && n % i != 0;
     if (!prime) continue;
-    const long double value = root == 2 ? std::sqrt(static_cast<long double>(n)) : std::cbrt(static_cast<long double>(n));
+    const long double value =
+        root == 2 ? std::sqrt(static_cast<long double>(n)) : std::cbrt(static_cast<long double>(n));
     bits[found++] = static_cast<std::uint32_t>((value - std::floor(value)) * 4294967296.0L);
   }
   return bits;
@@ -31,7 +33,8 @@ void compress(State& state, const std::uint8_t* block) {
   static const auto constants = primeRoots<64>(3);
   std::array<std::uint32_t, 64> w;
   for (int i = 0; i < 16; ++i)
-    w[i] = std::uint32_t{block[4 * i]} << 24 | block[4 * i + 1] << 16 | block[4 * i + 2] << 8 | block[4 * i + 3];
+    w[i] =
+        std::uint32_t{block[4 * i]} << 24 | block[4 * i + 1] << 16 | block[4 * i + 2] << 8 | block[4 * i + 3];
   for (int i = 16; i < 64; ++i) {
     const std::uint32_t s0 = std::rotr(w[i - 15], 7) ^ std::rotr(w[i - 15], 18) ^ w[i - 15] >> 3;
     const std::uint32_t s1 = std::rotr(w[i - 2], 17) ^ std::rotr(w[i - 2], 19) ^ w[i - 2] >> 10;

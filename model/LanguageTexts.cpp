@@ -1,4 +1,5 @@
-// A language file has no keys: the line number is the text's number, so lines are counted and nothing is parsed.
+// A language file has no keys: the line number is the text's number, so lines are counted and nothing is
+// parsed.
 #include "model/LanguageTexts.h"
 
 #include "basic/NumberReader.h"

@@ -11,9 +11,9 @@ namespace plinth {
 namespace {
 
 constexpr int kFirstMillimetreCode = 11;
-constexpr double kSizes[][2] = {
-    {8.5, 11}, {11, 17}, {17, 11},    {8.5, 14}, {5.5, 8.5}, {7.5, 10.5}, {8.5, 11}, {8.5, 13}, {14.875, 11},
-    {8.5, 12}, {8.5, 13}, {297, 420}, {210, 297}, {148, 210}, {105, 148}, {250, 354}, {182, 257}, {215, 275}};
+constexpr double kSizes[][2] = {{8.5, 11},  {11, 17},   {17, 11},     {8.5, 14},  {5.5, 8.5}, {7.5, 10.5},
+                                {8.5, 11},  {8.5, 13},  {14.875, 11}, {8.5, 12},  {8.5, 13},  {297, 420},
+                                {210, 297}, {148, 210}, {105, 148},   {250, 354}, {182, 257}, {215, 275}};
 
 float wholePixels(double size, bool millimetres) {
   return static_cast<float>(std::lround(size * 96 / (millimetres ? 25.4 : 1)) * kTwipsPerPixel);

@@ -14,7 +14,9 @@ std::optional<Bytes> DiskPictures::get(const std::string& path) const {
   return bytes.ok() ? std::optional<Bytes>(std::move(*bytes)) : std::nullopt;
 }
 
-bool DiskPictures::exists(const std::string& path) const { return files_.exists(path) && !files_.isFolder(path); }
+bool DiskPictures::exists(const std::string& path) const {
+  return files_.exists(path) && !files_.isFolder(path);
+}
 
 Result<std::string> MemoryPictures::put(const std::string& safeName, std::span<const std::uint8_t> bytes) {
   images_[safeName].assign(bytes.begin(), bytes.end());

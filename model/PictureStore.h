@@ -16,7 +16,8 @@ namespace plinth {
 class PictureStore {
  public:
   virtual ~PictureStore() = default;
-  // Keeps bytes under a plain file name (see safeFileName), over an older image of that name. The path to get them by.
+  // Keeps bytes under a plain file name (see safeFileName), over an older image of that name. The path to get
+  // them by.
   virtual Result<std::string> put(const std::string& safeName, std::span<const std::uint8_t> bytes) = 0;
   // The image's bytes; nullopt when there is none or it cannot be read.
   virtual std::optional<Bytes> get(const std::string& path) const = 0;

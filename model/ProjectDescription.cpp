@@ -30,7 +30,8 @@ void ProjectJson::report(const ReportRow& report) {
   walkReport(*this, sorted);
 }
 
-std::string describeProject(const ProjectDocument& document, const PictureStore& pictures, const FileFacts& facts) {
+std::string describeProject(const ProjectDocument& document, const PictureStore& pictures,
+                            const FileFacts& facts) {
   JsonWriter json(1);
   ProjectJson archive(json, pictures, codePageOfCharSet(document.charSet));
   FileExtras extras{.caption = facts.caption, .saveDate = facts.saveDate};
@@ -55,7 +56,8 @@ class Listing {
   std::string all() {
     out_ << utf8(d_.appTitle.empty() ? "Untitled" : d_.appTitle) << "\n";
     counts();
-    for (int page = 0; page < kPages; ++page) onPage(page, "Page " + std::to_string(page + 1), d_.pageCaptions[page]);
+    for (int page = 0; page < kPages; ++page)
+      onPage(page, "Page " + std::to_string(page + 1), d_.pageCaptions[page]);
     onPage(kPageAll, "All pages", "");
     for (std::size_t i = 0; i < d_.reports.size(); ++i) report(static_cast<int>(i), d_.reports[i]);
     return out_.str();
@@ -72,11 +74,11 @@ class Listing {
     };
     out_ << "  format version " << d_.formatVersion << ", page " << d_.pageWidth / kTwipsPerPixel << " x "
          << d_.pageHeight / kTwipsPerPixel << " pixels\n"
-         << "  fields " << live(d_.fields, 1) << ", memos " << live(d_.memos, 1) << ", combos " << live(d_.combos, 1)
-         << ", pictures " << live(d_.pictures, 0) << ", check boxes " << live(d_.checks, 0) << ", labels "
-         << live(d_.titles, 1) << ", lines " << live(d_.lines, 0) << ", squares " << live(d_.squares, 0)
-         << ", scripts " << live(d_.scripts, 1) << ", buttons " << live(d_.buttons, 0) << ", reports "
-         << d_.reports.size() << "\n";
+         << "  fields " << live(d_.fields, 1) << ", memos " << live(d_.memos, 1) << ", combos "
+         << live(d_.combos, 1) << ", pictures " << live(d_.pictures, 0) << ", check boxes "
+         << live(d_.checks, 0) << ", labels " << live(d_.titles, 1) << ", lines " << live(d_.lines, 0)
+         << ", squares " << live(d_.squares, 0) << ", scripts " << live(d_.scripts, 1) << ", buttons "
+         << live(d_.buttons, 0) << ", reports " << d_.reports.size() << "\n";
   }
 
   // `what`: what else to tell of a row, in the project's code page.
@@ -94,9 +96,8 @@ class Listing {
   void onPage(int page, const std::string& heading, const std::string& caption) {
     out_ << "  " << heading << (caption.empty() ? "" : ": " + utf8(caption)) << "\n";
     const auto tagged = [](const auto& row) { return row.tag; };
-    table(d_.fields, "F", page, [](const FieldRow& row) {
-      return row.tag + (row.formula.empty() ? "" : " = " + row.formula);
-    });
+    table(d_.fields, "F", page,
+          [](const FieldRow& row) { return row.tag + (row.formula.empty() ? "" : " = " + row.formula); });
     table(d_.memos, "M", page, tagged);
     table(d_.combos, "C", page, [](const ComboRow& row) {
       return row.tag + " (" + std::to_string(row.items.size()) + " entries)";
@@ -108,15 +109,17 @@ class Listing {
     table(d_.titles, "L", page, [](const TitleRow& row) { return '"' + row.caption + '"'; });
     table(d_.lines, "Line ", page, [](const LineRow&) { return std::string(); });
     table(d_.squares, "Square ", page, [](const SquareRow&) { return std::string(); });
-    table(d_.scripts, "Script ", page, [](const ScriptRow& row) { return row.tag.substr(0, row.tag.find_first_of("\r\n")); });
-    table(d_.buttons, "Button ", page, [](const ButtonRow& row) { return '"' + row.caption + "\" " + row.tag; });
+    table(d_.scripts, "Script ", page,
+          [](const ScriptRow& row) { return row.tag.substr(0, row.tag.find_first_of("\r\n")); });
+    table(d_.buttons, "Button ", page,
+          [](const ButtonRow& row) { return '"' + row.caption + "\" " + row.tag; });
   }
 
   void report(int index, const ReportRow& report) {
     if (report.title.empty()) return;
     out_ << "  Report " << index << ": " << utf8(report.title) << " (" << report.labels.size() << " labels, "
-         << report.pictures.size() << " pictures, " << report.lines.size() << " lines, " << report.shapes.size()
-         << " shapes)\n";
+         << report.pictures.size() << " pictures, " << report.lines.size() << " lines, "
+         << report.shapes.size() << " shapes)\n";
   }
 
   const ProjectDocument& d_;

@@ -1,5 +1,5 @@
-// The one open project: ten parallel tables of plain rows addressed by kind and index, and the project-wide values.
-// No behaviour but the invariants of the tables; whatever edits a project works on this.
+// The one open project: ten parallel tables of plain rows addressed by kind and index, and the project-wide
+// values. No behaviour but the invariants of the tables; whatever edits a project works on this.
 #pragma once
 
 #include <array>
@@ -28,7 +28,8 @@ inline constexpr int kFieldLimit = 2000, kMemoLimit = 500, kComboLimit = 2000, k
 
 inline constexpr std::int16_t kFormatVersion = 22;
 
-// Geometry is in twips, colours RGB with red in the low byte (negative: system colours), font sizes in points.
+// Geometry is in twips, colours RGB with red in the low byte (negative: system colours), font sizes in
+// points.
 struct FieldRow {
   std::int16_t page = kPageVacant;
   bool visible = true;  // meaningful on page 0 only
@@ -36,9 +37,9 @@ struct FieldRow {
   std::uint8_t lockEntry = 0, noSearch = 0, noChart = 0;
   std::int16_t tabOrder = 0;
   std::string tag, helpText;
-  std::uint8_t fieldType = 0;  // 0 to 22
-  std::uint8_t textCase = 0;   // 0 "Plain", 1 "UPPER", 2 "Caps", 3 "lower"
-  bool dummyField = false;     // not saved in records
+  std::uint8_t fieldType = 0;      // 0 to 22
+  std::uint8_t textCase = 0;       // 0 "Plain", 1 "UPPER", 2 "Caps", 3 "lower"
+  bool dummyField = false;         // not saved in records
   std::uint8_t noDefaultDate = 0;  // date types: no default date; others: blank when zero
   std::int16_t dayOffset = 0;
   std::string formula, defaultText;
@@ -134,7 +135,8 @@ struct SquareRow {
   std::uint8_t printOn = 0;
   std::int32_t backColor = 0xFFFFFF, borderColor = 0, fillColor = 0xFFFFFF;
   std::int16_t backStyle = 0, borderWidth = 1;
-  std::int16_t shapeType = 0;  // 0 rectangle, 1 square, 2 oval, 3 circle, 4 rounded rectangle, 5 rounded square
+  // 0 rectangle, 1 square, 2 oval, 3 circle, 4 rounded rectangle, 5 rounded square
+  std::int16_t shapeType = 0;
   std::int16_t fillStyle = 1;  // 0 solid, 1 transparent, 2 to 7 hatches
   std::int16_t borderStyle = 1;
   float left = 0, top = 0, width = 0, height = 0;
@@ -149,7 +151,7 @@ struct ScriptRow {
 struct ButtonRow {
   std::int16_t page = kPageVacant;
   std::string caption;
-  std::string tag;         // link text
+  std::string tag;  // link text
   std::string fontName = "Arial";
   std::string helpText;
   float fontSize = 9;
@@ -173,29 +175,30 @@ struct OptionalProgram {
 
 // Captions of the run-time menus, in file order.
 struct RunMenus {
-  std::string mlist, newin, printingit, exitit, copyadress, erasefile, deletemarkrec, finden0, finden3, cal, infoo,
-      aboutit, newview, fmenu, ops, finding, helpit, viewDoc, expot, copying, pasting, cuting, finden4, finden5,
-      importmenu;
+  std::string mlist, newin, printingit, exitit, copyadress, erasefile, deletemarkrec, finden0, finden3, cal,
+      infoo, aboutit, newview, fmenu, ops, finding, helpit, viewDoc, expot, copying, pasting, cuting, finden4,
+      finden5, importmenu;
 };
 
-// Options of the finished application (the dialog Form8 and what belongs to it), by the names of their controls.
+// Options of the finished application (the dialog Form8 and what belongs to it), by the names of their
+// controls.
 struct AppOptions {
-  std::string text2 = ",";     // CSV delimiter
-  std::string text3;           // copyright line
-  std::string text4 = "dbd";   // data file extension
+  std::string text2 = ",";    // CSV delimiter
+  std::string text3;          // copyright line
+  std::string text4 = "dbd";  // data file extension
   std::string text5;
-  std::string text6;           // web address of the about box
-  std::string text9 = "csv";   // export extension
+  std::string text6;          // web address of the about box
+  std::string text9 = "csv";  // export extension
   std::string fonttext = "Arial";
-  std::int16_t check1 = 0;     // "Help File"
+  std::int16_t check1 = 0;  // "Help File"
   std::int16_t check2Calculator = 0, check2AboutBox = 0;
-  std::int16_t check3 = 0;     // "0.00": zeros show
-  std::int16_t check4 = 1;     // "Export"
-  std::int16_t check5 = 0;     // tool frame Frame3 shows
-  std::int16_t check7 = 0;     // "Encryption"
-  std::int16_t check8 = 1;     // "Sizable"
+  std::int16_t check3 = 0;  // "0.00": zeros show
+  std::int16_t check4 = 1;  // "Export"
+  std::int16_t check5 = 0;  // tool frame Frame3 shows
+  std::int16_t check7 = 0;  // "Encryption"
+  std::int16_t check8 = 1;  // "Sizable"
   std::int16_t check9 = 0, check11 = 0 /* "Charting" */, check12 = 0, check13 = 0, check14 = 0;
-  std::int16_t check15 = 0;    // "Calendar"
+  std::int16_t check15 = 0;  // "Calendar"
   std::int16_t fieldToolBox = 0;
   std::int16_t wMax = 0;
 };
@@ -209,14 +212,15 @@ struct SearchOptions {
 
 struct FileProperties {
   std::int16_t deskIcon = 0;
-  std::array<std::string, 9> comments;  // company, description, copyright, trademarks, product, version, setup ...
+  std::array<std::string, 9>
+      comments;  // company, description, copyright, trademarks, product, version, setup ...
 };
 
 struct ProjectDocument {
   ProjectDocument();
 
-  // Tables. Index 0 of fields, combos and scripts, 0 and 1 of memos and 0 to 5 of titles exist from the start; the
-  // others begin empty. The highest index is size() - 1.
+  // Tables. Index 0 of fields, combos and scripts, 0 and 1 of memos and 0 to 5 of titles exist from the
+  // start; the others begin empty. The highest index is size() - 1.
   std::vector<FieldRow> fields;
   std::vector<MemoRow> memos;
   std::vector<ComboRow> combos;
@@ -229,7 +233,8 @@ struct ProjectDocument {
   std::vector<ButtonRow> buttons;
   std::vector<ReportRow> reports;
 
-  // Counts as the project knows them: the highest index in use, by kind (fields 0 when empty, titles 5, checks -1, ...).
+  // Counts as the project knows them: the highest index in use, by kind (fields 0 when empty, titles 5,
+  // checks -1, ...).
   int fieldCount() const { return static_cast<int>(fields.size()) - 1; }
   int memoCount() const { return static_cast<int>(memos.size()) - 1; }
   int comboCount() const { return static_cast<int>(combos.size()) - 1; }
@@ -247,10 +252,10 @@ struct ProjectDocument {
   std::uint8_t languageCode = 1;
   std::int16_t charSet = 0;
   bool dirty = false;
-  std::string appTitle;            // title of the application
-  std::string indexFeldCaption;    // menu captions that stand apart in the file
+  std::string appTitle;          // title of the application
+  std::string indexFeldCaption;  // menu captions that stand apart in the file
   std::string statisticsCaption, deleteRecordCaption, replaceMenuCaption;
-  Bytes appIcon;                   // bytes of the ".ico" file
+  Bytes appIcon;  // bytes of the ".ico" file
   std::string appIconPath, defaultImagePath;
   std::int16_t emailField = 0, emailNameField = 0;
   std::array<DocumentTemplate, 10> documents;
@@ -259,12 +264,12 @@ struct ProjectDocument {
   std::int16_t tileMode = 3;
   std::array<std::int32_t, 96> palette;
   bool pageSize20 = false;
-  std::int16_t pageSizeCode = 22;          // 22: user size
-  float pageWidth = 9600, pageHeight = 7200;      // twips, stored when pageSizeCode is 22
-  std::int16_t pattern = 0;                // scroll bars
+  std::int16_t pageSizeCode = 22;             // 22: user size
+  float pageWidth = 9600, pageHeight = 7200;  // twips, stored when pageSizeCode is 22
+  std::int16_t pattern = 0;                   // scroll bars
   std::int32_t valueMax = 100;
-  float guideWidth = 9600;                 // Shape1(0)
-  float guideTop = 0;                      // Shape1(1)
+  float guideWidth = 9600;  // Shape1(0)
+  float guideTop = 0;       // Shape1(1)
   float scrollLeft = 9600, scrollHeight = 7200;
   float formHeight = 8250, formWidth = 10050;
   std::int16_t dateVal = 4, dateVal2 = 4;  // date styles, 0 to 5

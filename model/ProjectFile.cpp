@@ -29,7 +29,8 @@ std::string LoadMessage::text(const LanguageTexts& texts) const {
   return texts.text(label) + (label == 191 ? "..." : "") + path;
 }
 
-LoadResult readProject(std::span<const std::uint8_t> bytes, PictureStore& pictures, const ReadOptions& options) {
+LoadResult readProject(std::span<const std::uint8_t> bytes, PictureStore& pictures,
+                       const ReadOptions& options) {
   LoadResult result;
   SlotReader source(bytes);
   ProjectReader reader(source, pictures, options);

@@ -26,9 +26,12 @@ class ProjectJson {
   template <class T, class... Repair>
   void slot(const T& value, Tag tag, const char* name, Versions when = always, Repair&&...) {
     if (!begin(name, when)) return;
-    if (tag == Tag::boolean) json_.boolean(value != T{});
-    else if (tag == Tag::r4) json_.real(static_cast<float>(value));
-    else json_.whole(static_cast<std::int64_t>(value));
+    if (tag == Tag::boolean)
+      json_.boolean(value != T{});
+    else if (tag == Tag::r4)
+      json_.real(static_cast<float>(value));
+    else
+      json_.whole(static_cast<std::int64_t>(value));
   }
   void length(float value, const char* name, Versions when = always) { slot(value, Tag::r4, name, when); }
   void fontSize(float value, const char* name, Versions when = always) { slot(value, Tag::r4, name, when); }
@@ -36,7 +39,9 @@ class ProjectJson {
   void text(const std::string& value, const char* name, Versions when = always, Repair&&...) {
     if (begin(name, when)) json_.text(toUtf8(value, codePage_));
   }
-  void constant(Tag tag, double value, const char* name, Versions when = always) { slot(value, tag, name, when); }
+  void constant(Tag tag, double value, const char* name, Versions when = always) {
+    slot(value, tag, name, when);
+  }
   void constantText(const char* value, const char* name, Versions when = always) { text(value, name, when); }
   void icon(const Bytes& icon, const char* name, Versions when) {
     if (begin(name, when)) file(icon);
@@ -47,18 +52,27 @@ class ProjectJson {
   }
   void report(const ReportRow& report);
 
-  template <class F> void onlyIf(bool condition, const char*, F&& walk) { if (condition) walk(); }
-  template <class F> void section(const char*, Versions when, F&& walk) { if (when.has(kNewestFormat)) walk(); }
-  template <class F> void list(const char* name, int count, F&& walk) {
+  template <class F>
+  void onlyIf(bool condition, const char*, F&& walk) {
+    if (condition) walk();
+  }
+  template <class F>
+  void section(const char*, Versions when, F&& walk) {
+    if (when.has(kNewestFormat)) walk();
+  }
+  template <class F>
+  void list(const char* name, int count, F&& walk) {
     json_.key(name).beginArray();
     for (int i = 0; i < count; ++i) walk(i);
     json_.endArray();
   }
-  template <class F> void fixedRows(const char* name, int count, Versions when, F&& walk) {
+  template <class F>
+  void fixedRows(const char* name, int count, Versions when, F&& walk) {
     if (!when.has(kNewestFormat)) return;
     list(name, count, [&](int i) { row([&] { walk(i); }); });
   }
-  template <class F> void afterReading(F&&) {}
+  template <class F>
+  void afterReading(F&&) {}
   template <class Row, class Live, class F>
   void rows(const std::vector<Row>& rows, const TableForm& form, Live&& live, F&& walk) {
     json_.key(form.name).beginArray();
@@ -73,7 +87,8 @@ class ProjectJson {
     if (name) json_.key(name);
     return true;
   }
-  template <class F> void row(F&& walk) {
+  template <class F>
+  void row(F&& walk) {
     json_.beginObject();
     walk();
     json_.endObject();

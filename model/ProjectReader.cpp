@@ -1,5 +1,5 @@
-// Elements that only a project file has: icon, embedded pictures, list items. What they hold is checked against the
-// bytes left before anything is allocated, and names against leaving the picture folder.
+// Elements that only a project file has: icon, embedded pictures, list items. What they hold is checked
+// against the bytes left before anything is allocated, and names against leaving the picture folder.
 #include "model/ProjectReader.h"
 
 #include "basic/FileName.h"

@@ -21,7 +21,8 @@ class ProjectReader : public BlockReader {
   void lookIsKnown(ProjectDocument& document);
   void versionIsKnown(std::int16_t version) { useVersion(version); }
   void icon(Bytes& icon, const char*, Versions when);
-  // A file name and, in versions that embed it, the image's bytes. `path` is that of the copy in the picture store.
+  // A file name and, in versions that embed it, the image's bytes. `path` is that of the copy in the picture
+  // store.
   void picture(std::string& path, const char*, const char*, Versions embedded);
   void items(std::vector<std::string>& items, const char*);
   void report(ReportRow& report);

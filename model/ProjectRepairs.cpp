@@ -18,14 +18,18 @@ std::int16_t oldTab(const std::string& tag) {
   return static_cast<std::int16_t>(std::clamp(val(tag), -32768.0, 32767.0));
 }
 
-template <class Row> void repairBoxFrame(Row& row, int version) {
-  if (below(8).has(version)) row.frameStyle = row.borderStyle;
-  else if (row.appearance != 0) row.frameStyle = 0;
+template <class Row>
+void repairBoxFrame(Row& row, int version) {
+  if (below(8).has(version))
+    row.frameStyle = row.borderStyle;
+  else if (row.appearance != 0)
+    row.frameStyle = 0;
   row.appearance = 0;
   row.borderStyle = 0;
 }
 
-template <class Row> void repairOldTab(Row& row, const char* word, int index, int version) {
+template <class Row>
+void repairOldTab(Row& row, const char* word, int index, int version) {
   if (below(4).has(version)) {
     row.tabOrder = oldTab(row.tag);
     row.tag = word + std::to_string(index);
@@ -33,7 +37,8 @@ template <class Row> void repairOldTab(Row& row, const char* word, int index, in
   if (row.page >= kPageVacant) row.tabOrder = 0;
 }
 
-template <class T> void keepWithin(T& value, int lowest, int highest, int otherwise) {
+template <class T>
+void keepWithin(T& value, int lowest, int highest, int otherwise) {
   if (value < lowest || value > highest) value = static_cast<T>(otherwise);
 }
 

@@ -1,5 +1,5 @@
-// What a reader makes right: elements that older versions kept elsewhere or in another unit, and values that no
-// designer sets. The walk names each of these where it belongs.
+// What a reader makes right: elements that older versions kept elsewhere or in another unit, and values that
+// no designer sets. The walk names each of these where it belongs.
 #pragma once
 
 #include <string>
@@ -11,13 +11,18 @@ namespace plinth {
 
 inline constexpr std::int16_t kUserPageSize = 22;
 
-// The project has one slot for shape and fill of a square. The default fill, 1, leaves the shape's number as it is.
+// The project has one slot for shape and fill of a square. The default fill, 1, leaves the shape's number as
+// it is.
 std::int16_t packSquareShape(const SquareRow& row);
 void unpackSquareShape(SquareRow& row, std::int16_t packed);
 
 void tildeReadsAsMinus(std::string& formula);
-inline void emptyReadsAsComma(std::string& delimiter) { if (delimiter.empty()) delimiter = ","; }
-inline void minusOneReadsAsOne(std::int16_t& value) { if (value == -1) value = 1; }
+inline void emptyReadsAsComma(std::string& delimiter) {
+  if (delimiter.empty()) delimiter = ",";
+}
+inline void minusOneReadsAsOne(std::int16_t& value) {
+  if (value == -1) value = 1;
+}
 
 // version: of the file, 1 to 22; geometry is in twips already.
 void repairField(FieldRow& row, int version);

@@ -1,5 +1,5 @@
-// The only place that knows the order of a project file; its stretches stand in the three headers beside it. An
-// archive reads any version, writes the newest, or describes, with the same calls.
+// The only place that knows the order of a project file; its stretches stand in the three headers beside it.
+// An archive reads any version, writes the newest, or describes, with the same calls.
 #pragma once
 
 #include "model/ProjectWalkLooks.h"
@@ -8,8 +8,8 @@
 
 namespace plinth {
 
-// document: const when the archive writes or describes. False when the file is not a project; nothing but the first
-// text was then read.
+// document: const when the archive writes or describes. False when the file is not a project; nothing but the
+// first text was then read.
 template <class Archive, class Document>
 bool walkProject(Archive& ar, Document& document, FileExtras& extras) {
   if (!walkHeader(ar, document, extras)) return false;

@@ -16,7 +16,10 @@ struct FileExtras {
 };
 
 inline constexpr std::int16_t kLastPattern = 5;
-template <class T> void wrongPatternReadsAsFive(T& value) { if (value < 0 || value > kLastPattern) value = kLastPattern; }
+template <class T>
+void wrongPatternReadsAsFive(T& value) {
+  if (value < 0 || value > kLastPattern) value = kLastPattern;
+}
 
 // False when the first text is no project's.
 template <class Archive, class Document>

@@ -1,5 +1,5 @@
-// The ten tables of objects. Squares, lines, titles, check boxes and buttons leave deleted rows out, so that the
-// reader numbers the others anew; the remaining kinds keep their indices, which formulas name.
+// The ten tables of objects. Squares, lines, titles, check boxes and buttons leave deleted rows out, so that
+// the reader numbers the others anew; the remaining kinds keep their indices, which formulas name.
 #pragma once
 
 #include "model/ProjectDocument.h"
@@ -238,25 +238,26 @@ void walkChecks(Archive& ar, Document& d) {
 template <class Archive, class Document>
 void walkButtons(Archive& ar, Document& d) {
   ar.section("Buttons", above(20), [&] {
-    ar.rows(d.buttons, {.name = "Buttons", .bias = 1, .limit = kButtonLimit}, notDeleted, [&](auto& row, int) {
-      ar.slot(row.page, Tag::i2, "Page");
-      ar.text(row.caption, "Caption");
-      ar.text(row.tag, "Tag");
-      ar.text(row.fontName, "FontName");
-      ar.text(row.helpText, "HelpText");
-      ar.fontSize(row.fontSize, "FontSize");
-      ar.slot(row.fontBold, Tag::boolean, "FontBold");
-      ar.slot(row.fontItalic, Tag::boolean, "FontItalic");
-      ar.slot(row.fontUnderline, Tag::boolean, "FontUnderline");
-      ar.length(row.top, "Top");
-      ar.length(row.left, "Left");
-      ar.length(row.width, "Width");
-      ar.length(row.height, "Height");
-      ar.slot(row.backColor, Tag::i4, "BackColor");
-      ar.slot(row.foreColor, Tag::i4, "ForeColor");
-      ar.slot(row.buttonIcon, Tag::i2, "ButtonIcon");
-      ar.text(row.buttonPath, "ButtonPath");
-    });
+    ar.rows(d.buttons, {.name = "Buttons", .bias = 1, .limit = kButtonLimit}, notDeleted,
+            [&](auto& row, int) {
+              ar.slot(row.page, Tag::i2, "Page");
+              ar.text(row.caption, "Caption");
+              ar.text(row.tag, "Tag");
+              ar.text(row.fontName, "FontName");
+              ar.text(row.helpText, "HelpText");
+              ar.fontSize(row.fontSize, "FontSize");
+              ar.slot(row.fontBold, Tag::boolean, "FontBold");
+              ar.slot(row.fontItalic, Tag::boolean, "FontItalic");
+              ar.slot(row.fontUnderline, Tag::boolean, "FontUnderline");
+              ar.length(row.top, "Top");
+              ar.length(row.left, "Left");
+              ar.length(row.width, "Width");
+              ar.length(row.height, "Height");
+              ar.slot(row.backColor, Tag::i4, "BackColor");
+              ar.slot(row.foreColor, Tag::i4, "ForeColor");
+              ar.slot(row.buttonIcon, Tag::i2, "ButtonIcon");
+              ar.text(row.buttonPath, "ButtonPath");
+            });
   });
 }
 

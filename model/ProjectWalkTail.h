@@ -15,7 +15,8 @@ void walkMenus(Archive& ar, Document& d) {
     if constexpr (Archive::kReads)
       if (below(16).has(version)) d.pageColor.fill(allPages);
   });
-  ar.list("Palette", 96, [&](int i) { ar.slot(d.palette[i], Tag::i4, nullptr, i < 20 ? always : above(17)); });
+  ar.list("Palette", 96,
+          [&](int i) { ar.slot(d.palette[i], Tag::i4, nullptr, i < 20 ? always : above(17)); });
   auto& m = d.menus;
   ar.text(m.mlist, "Mlist");
   ar.text(m.newin, "newin");
@@ -44,7 +45,8 @@ void walkMenus(Archive& ar, Document& d) {
   ar.text(m.importmenu, "importmenu");
   ar.constantText("E", "ConstantE", above(2));
   ar.text(d.statisticsCaption, "Statistics", above(2));
-  ar.section("", above(2), [&] { ar.list("StatLabels", 7, [&](int i) { ar.text(d.statLabels[i], nullptr); }); });
+  ar.section("", above(2),
+             [&] { ar.list("StatLabels", 7, [&](int i) { ar.text(d.statLabels[i], nullptr); }); });
   ar.text(d.options.text6, "Form8.Text6");
   ar.slot(d.dateVal, Tag::i2, "DateVal");
 }
@@ -73,7 +75,8 @@ void walkApplication(Archive& ar, Document& d) {
 template <class Archive, class Document>
 void walkSearch(Archive& ar, Document& d) {
   auto& s = d.search;
-  ar.section("", above(18), [&] { ar.list("Form15.Text1", 11, [&](int i) { ar.text(s.text1[i], nullptr); }); });
+  ar.section("", above(18),
+             [&] { ar.list("Form15.Text1", 11, [&](int i) { ar.text(s.text1[i], nullptr); }); });
   ar.fixedRows("OldColumns", 5, below(19), [&](int i) {
     ar.text(s.text1[i], "Text");
     ar.constant(Tag::i2, 0, "Ignored");

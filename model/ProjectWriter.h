@@ -12,7 +12,8 @@ namespace plinth {
 
 class ProjectWriter : public BlockWriter {
  public:
-  ProjectWriter(SlotWriter& target, const PictureStore& pictures) : BlockWriter(target), pictures_(pictures) {}
+  ProjectWriter(SlotWriter& target, const PictureStore& pictures)
+      : BlockWriter(target), pictures_(pictures) {}
 
   bool accepts(const std::string&) const { return true; }
   void lookIsKnown(const ProjectDocument&) {}

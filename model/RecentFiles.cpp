@@ -1,4 +1,5 @@
-// Plinth.ini is small and read whole; a record that lies keeps its neighbours readable, since all are of one size.
+// Plinth.ini is small and read whole; a record that lies keeps its neighbours readable, since all are of one
+// size.
 #include "model/RecentFiles.h"
 
 #include <algorithm>

@@ -20,7 +20,8 @@ struct RecentFiles {
   bool add(const std::string& path);
 };
 
-// Records: a signed 16-bit length, then the text; at most 126 bytes. Missing or damaged records read as empty.
+// Records: a signed 16-bit length, then the text; at most 126 bytes. Missing or damaged records read as
+// empty.
 RecentFiles readRecentFiles(std::span<const std::uint8_t> bytes);
 // Six records; a path that does not fit is left out, since a cut path would open nothing.
 Bytes writeRecentFiles(const RecentFiles& recent);

@@ -1,5 +1,6 @@
-// What the walks over project file and report block speak to: the file's version as a condition on each element, and
-// the archives that read any version or write the newest. The project's archives build on these two.
+// What the walks over project file and report block speak to: the file's version as a condition on each
+// element, and the archives that read any version or write the newest. The project's archives build on these
+// two.
 #pragma once
 
 #include <algorithm>
@@ -25,8 +26,9 @@ inline constexpr Versions always{};
 constexpr Versions above(int version) { return {version + 1, INT_MAX}; }
 constexpr Versions below(int version) { return {INT_MIN, version - 1}; }
 
-// How a table of rows lies in the file: its name in descriptions, the type of its count, the index of its first
-// stored row, what is to be added to the stored count, and the highest index that the document can hold.
+// How a table of rows lies in the file: its name in descriptions, the type of its count, the index of its
+// first stored row, what is to be added to the stored count, and the highest index that the document can
+// hold.
 struct TableForm {
   const char* name;
   Tag countTag = Tag::i2;
@@ -37,9 +39,16 @@ struct TableForm {
 
 // Repairs that several kinds of row share.
 inline constexpr std::int32_t kWindowTextColor = -2147483640;
-inline void windowTextReadsAsBlack(std::int32_t& color) { if (color == kWindowTextColor) color = 0; }
-inline void negativeReadsAsWhite(std::int32_t& color) { if (color < 0) color = 0xFFFFFF; }
-template <class T> void overOneReadsAsOne(T& value) { if (value > 1) value = 1; }
+inline void windowTextReadsAsBlack(std::int32_t& color) {
+  if (color == kWindowTextColor) color = 0;
+}
+inline void negativeReadsAsWhite(std::int32_t& color) {
+  if (color < 0) color = 0xFFFFFF;
+}
+template <class T>
+void overOneReadsAsOne(T& value) {
+  if (value > 1) value = 1;
+}
 
 class BlockReader {
  public:
@@ -50,7 +59,8 @@ class BlockReader {
   // Elements that were missing or damaged so far.
   int skipped() const { return source_.failures() + skipped_; }
 
-  // A slot; what the file does not hold or cannot give leaves `value` as it stands. Repairs see read values only.
+  // A slot; what the file does not hold or cannot give leaves `value` as it stands. Repairs see read values
+  // only.
   template <class T, class... Repair>
   void slot(T& value, Tag, const char*, Versions when = always, Repair&&... repair) {
     if (when.has(version_) && source_.number(value)) (repair(value), ...);
@@ -73,19 +83,32 @@ class BlockReader {
     if (when.has(version_)) source_.text16(ignored);
   }
 
-  template <class F> void onlyIf(bool condition, const char*, F&& walk) { if (condition) walk(); }
-  template <class F> void section(const char*, Versions when, F&& walk) { if (when.has(version_)) walk(); }
+  template <class F>
+  void onlyIf(bool condition, const char*, F&& walk) {
+    if (condition) walk();
+  }
+  template <class F>
+  void section(const char*, Versions when, F&& walk) {
+    if (when.has(version_)) walk();
+  }
   // `count` elements of one name; walk(i) gives each.
-  template <class F> void list(const char*, int count, F&& walk) { for (int i = 0; i < count; ++i) walk(i); }
+  template <class F>
+  void list(const char*, int count, F&& walk) {
+    for (int i = 0; i < count; ++i) walk(i);
+  }
   // `count` rows of a table that always has them all.
-  template <class F> void fixedRows(const char*, int count, Versions when, F&& walk) {
+  template <class F>
+  void fixedRows(const char*, int count, Versions when, F&& walk) {
     if (when.has(version_)) list("", count, walk);
   }
   // Repairs of a whole row, after its elements.
-  template <class F> void afterReading(F&& repair) { repair(version_); }
+  template <class F>
+  void afterReading(F&& repair) {
+    repair(version_);
+  }
 
-  // A counted table. A count beyond the limit or the bytes left reads what is there; a row that cannot be read ends
-  // the table and keeps what it got.
+  // A counted table. A count beyond the limit or the bytes left reads what is there; a row that cannot be
+  // read ends the table and keeps what it got.
   template <class Row, class Live, class F>
   void rows(std::vector<Row>& rows, const TableForm& form, Live&&, F&& walk) {
     std::int32_t stored = -form.bias;
@@ -146,16 +169,29 @@ class BlockWriter {
   void text(const std::string& value, const char*, Versions when = always, Repair&&...) {
     if (when.has(kNewestFormat)) cutBytes_ += target_.text16(value);
   }
-  void constant(Tag tag, double value, const char* name, Versions when = always) { slot(value, tag, name, when); }
+  void constant(Tag tag, double value, const char* name, Versions when = always) {
+    slot(value, tag, name, when);
+  }
   void constantText(const char* value, const char* name, Versions when = always) { text(value, name, when); }
 
-  template <class F> void onlyIf(bool condition, const char*, F&& walk) { if (condition) walk(); }
-  template <class F> void section(const char*, Versions when, F&& walk) { if (when.has(kNewestFormat)) walk(); }
-  template <class F> void list(const char*, int count, F&& walk) { for (int i = 0; i < count; ++i) walk(i); }
-  template <class F> void fixedRows(const char*, int count, Versions when, F&& walk) {
+  template <class F>
+  void onlyIf(bool condition, const char*, F&& walk) {
+    if (condition) walk();
+  }
+  template <class F>
+  void section(const char*, Versions when, F&& walk) {
+    if (when.has(kNewestFormat)) walk();
+  }
+  template <class F>
+  void list(const char*, int count, F&& walk) {
+    for (int i = 0; i < count; ++i) walk(i);
+  }
+  template <class F>
+  void fixedRows(const char*, int count, Versions when, F&& walk) {
     if (when.has(kNewestFormat)) list("", count, walk);
   }
-  template <class F> void afterReading(F&&) {}
+  template <class F>
+  void afterReading(F&&) {}
 
   template <class Row, class Live, class F>
   void rows(const std::vector<Row>& rows, const TableForm& form, Live&& live, F&& walk) {

@@ -9,11 +9,12 @@ namespace plinth {
 
 // Fills `report` but its title, which stands before the block and may be absent with it.
 // formatVersion: of the file around it, 1 to 22; below 22 pixels become twips and pixel font sizes points.
-// A damaged stretch leaves what was read until then; never more rows than 32767 a list or than bytes are left.
+// A damaged stretch leaves what was read until then; never more rows than 32767 a list or than bytes are
+// left.
 void readReport(SlotReader& reader, ReportRow& report, int formatVersion);
 
-// Writes the block behind the title in the newest version: labels in ascending order of their record slot, labels
-// of one slot in their order here. Returns the bytes of text that had to be cut (0 when all went out).
+// Writes the block behind the title in the newest version: labels in ascending order of their record slot,
+// labels of one slot in their order here. Returns the bytes of text that had to be cut (0 when all went out).
 std::size_t writeReport(SlotWriter& writer, const ReportRow& report);
 
 }  // namespace plinth

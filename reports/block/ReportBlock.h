@@ -1,5 +1,6 @@
-// One report as plain rows: a page layout of shapes, lines, pictures and labels. The project file and the finished
-// application hold it in the same stretch of bytes (ReportWalk.h), so these rows know nothing of either.
+// One report as plain rows: a page layout of shapes, lines, pictures and labels. The project file and the
+// finished application hold it in the same stretch of bytes (ReportWalk.h), so these rows know nothing of
+// either.
 #pragma once
 
 #include <cstdint>
@@ -45,7 +46,7 @@ struct ReportLabel {
 };
 
 struct ReportRow {
-  std::string title;  // an empty title has no body in a file
+  std::string title;                               // an empty title has no body in a file
   float windowWidth = 12840, windowHeight = 9000;  // window height as stored: 1440 less than the window's
   float paperWidth = 12240, paperHeight = 15840;
   std::vector<ReportShape> shapes;

@@ -1,5 +1,5 @@
-// The only place that knows the order of a report's elements. Project file and finished application walk the same
-// block; the title stands before it, outside.
+// The only place that knows the order of a report's elements. Project file and finished application walk the
+// same block; the title stands before it, outside.
 #pragma once
 
 #include "reports/block/BlockArchive.h"
@@ -42,7 +42,9 @@ void walkReportLine(Archive& ar, Line& line) {
   ar.length(line.y2, "Y2");
 }
 
-inline void rowZeroReadsAsOne(std::int16_t& row) { if (row == 0) row = 1; }
+inline void rowZeroReadsAsOne(std::int16_t& row) {
+  if (row == 0) row = 1;
+}
 
 template <class Archive, class Picture>
 void walkReportPicture(Archive& ar, Picture& picture) {

@@ -47,9 +47,10 @@ class Designer : public testing::Test {
   }
   DesignerShell& shell() {
     if (!shell_)
-      shell_ = std::make_unique<DesignerShell>(
-          DesignerServices{files, messages, chooser, settings, clock, progress, "/p/", [] { return Bytes{9}; }, true},
-          view);
+      shell_ =
+          std::make_unique<DesignerShell>(DesignerServices{files, messages, chooser, settings, clock,
+                                                           progress, "/p/", [] { return Bytes{9}; }, true},
+                                          view);
     return *shell_;
   }
   void putProject(const std::string& path, const std::string& title) {

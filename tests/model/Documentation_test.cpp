@@ -59,14 +59,22 @@ TEST(Documentation, RunTimeTextsFitTheirUse) {
   LanguageTexts texts;
   texts.load(fileText("Languages/English.txt"));
   const ProjectDocument d = emptyDocument(texts, 45982);
-  const struct { int index; const char* text; } messages[] = {
-      {4, "The file * does not exist. Create it?"}, {9, "Record * cannot be read."}, {12, "There is no record."},
-      {17, "The value * is not valid."}, {19, "The record is damaged."}, {27, "Sorting"},
-      {45, "Record * is in use by another user."}};
+  const struct {
+    int index;
+    const char* text;
+  } messages[] = {{4, "The file * does not exist. Create it?"},
+                  {9, "Record * cannot be read."},
+                  {12, "There is no record."},
+                  {17, "The value * is not valid."},
+                  {19, "The record is damaged."},
+                  {27, "Sorting"},
+                  {45, "Record * is in use by another user."}};
   for (const auto& [index, text] : messages) EXPECT_EQ(d.menuText[index], text);
-  const struct { int index; const char* text; } captions[] = {
-      {19, "Search this field"}, {46, "searched"}, {47, "records"}, {48, "Found"},
-      {49, "More than the list can show"}, {50, "Nothing found"}};
+  const struct {
+    int index;
+    const char* text;
+  } captions[] = {{19, "Search this field"},           {46, "searched"},     {47, "records"}, {48, "Found"},
+                  {49, "More than the list can show"}, {50, "Nothing found"}};
   for (const auto& [index, text] : captions) EXPECT_EQ(d.engineText[index], text);
   EXPECT_EQ(d.statLabels[0], "Sum");
   EXPECT_EQ(d.menus.expot, "&Export...");

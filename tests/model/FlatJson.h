@@ -1,4 +1,5 @@
-// JSON as a flat list of paths and raw values ("Fields[0].Tag" -> "\"Name\""), so that two texts compare key by key.
+// JSON as a flat list of paths and raw values ("Fields[0].Tag" -> "\"Name\""), so that two texts compare key
+// by key.
 #pragma once
 
 #include <map>

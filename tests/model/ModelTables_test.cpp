@@ -37,7 +37,8 @@ std::vector<int> sweptTabs(const ProjectDocument& d) {
   for (int t = 1; t <= n; ++t) sweep([t](int tab, int) { return tab == t; });
   sweep([](int, int taken) { return taken == 0; });
   std::vector<int> all;
-  for (int kind = 0; kind < 4; ++kind) all.insert(all.end(), ranks[kind].begin() + (kind < 3), ranks[kind].end());
+  for (int kind = 0; kind < 4; ++kind)
+    all.insert(all.end(), ranks[kind].begin() + (kind < 3), ranks[kind].end());
   return all;
 }
 
@@ -47,7 +48,8 @@ TEST(AssignTab, EqualsTheSweep) {
     ProjectDocument d;
     const auto fill = [&](auto& rows, std::size_t least) {
       rows.resize(least + random() % 12);
-      for (auto& row : rows) row.tabOrder = static_cast<std::int16_t>(random() % 20) - 3 + (random() % 9 ? 0 : 5000);
+      for (auto& row : rows)
+        row.tabOrder = static_cast<std::int16_t>(random() % 20) - 3 + (random() % 9 ? 0 : 5000);
     };
     fill(d.fields, 1);
     fill(d.memos, 2);
@@ -103,9 +105,16 @@ TEST(LanguageTexts, LinesAreNumbersWhateverTheirEnd) {
 }
 
 TEST(LanguageCode, DependsOnTheNameAlone) {
-  const struct { const char* name; bool menu; int code; } cases[] = {
-      {"Russian", false, 6}, {"Swedish", true, 5}, {"Dutch", false, 2}, {"Spanish (Standard)", true, 7},
-      {"Spanish (Standard)", false, 1}, {"English", true, 1}};
+  const struct {
+    const char* name;
+    bool menu;
+    int code;
+  } cases[] = {{"Russian", false, 6},
+               {"Swedish", true, 5},
+               {"Dutch", false, 2},
+               {"Spanish (Standard)", true, 7},
+               {"Spanish (Standard)", false, 1},
+               {"English", true, 1}};
   for (const auto& [name, menu, code] : cases) EXPECT_EQ(languageCodeOf(name, 1, menu), code) << name;
 }
 

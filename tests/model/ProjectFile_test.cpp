@@ -143,7 +143,8 @@ TEST(ProjectFile, DeletedRowsAreDroppedAndTheOthersRenumbered) {
   ProjectDocument d;
   const auto fill = [](auto& rows, int count) {
     rows.resize(count);
-    for (int i = 0; i < count; ++i) rows[i].page = static_cast<std::int16_t>(i % 2 ? kPageDeleted : 1 + i % 3);
+    for (int i = 0; i < count; ++i)
+      rows[i].page = static_cast<std::int16_t>(i % 2 ? kPageDeleted : 1 + i % 3);
   };
   fill(d.squares, 5);
   fill(d.lines, 5);
@@ -164,9 +165,9 @@ TEST(ProjectFile, DeletedRowsAreDroppedAndTheOthersRenumbered) {
   EXPECT_EQ(again.buttons.size(), 2u);
   EXPECT_EQ(again.titleCount(), 7);
   EXPECT_EQ(again.titles[7].caption, "eight");
-  EXPECT_EQ(again.fieldCount(), 3);     // vacant fields keep their numbers
+  EXPECT_EQ(again.fieldCount(), 3);  // vacant fields keep their numbers
   EXPECT_EQ(again.memos.size(), 2u);
-  EXPECT_EQ(d.squares.size(), 5u);      // the open project is as it was
+  EXPECT_EQ(d.squares.size(), 5u);  // the open project is as it was
 }
 
 TEST(ProjectFile, ShapeAndFillOfASquareShareTheirSlot) {

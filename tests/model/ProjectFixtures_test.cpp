@@ -1,4 +1,5 @@
-// Files of other makers against the dumps beside them: nothing skipped, every value, and the same bytes again.
+// Files of other makers against the dumps beside them: nothing skipped, every value, and the same bytes
+// again.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -30,7 +31,8 @@ FlatJson::Values described(const LoadResult& loaded, const PictureStore& picture
 // Where a value of an old dump stands in the newest version; "" when it was given up.
 std::string newPlace(const std::string& key) {
   if (key == "PageColorAll") return "PageColor[4]";
-  if (key.starts_with("OldColumns")) return key.ends_with("Ignored") ? "" : "Form15.Text1" + key.substr(10, 3);
+  if (key.starts_with("OldColumns"))
+    return key.ends_with("Ignored") ? "" : "Form15.Text1" + key.substr(10, 3);
   if (key == "FormatVersion" || key.ends_with(".Dropped")) return "";
   return key;
 }

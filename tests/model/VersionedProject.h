@@ -21,14 +21,20 @@ class VersionedProject {
 
  private:
   void text(const std::string& value) { writer_.text16(value); }
-  void texts(int count, const std::string& value) { for (int i = 0; i < count; ++i) text(value + std::to_string(i)); }
+  void texts(int count, const std::string& value) {
+    for (int i = 0; i < count; ++i) text(value + std::to_string(i));
+  }
   void i2(int value) { writer_.slot(Tag::i2, value); }
   void i4(int value) { writer_.slot(Tag::i4, value); }
   void ui1(int value) { writer_.slot(Tag::ui1, value); }
   void flag(bool value) { writer_.slot(Tag::boolean, value ? -1 : 0); }
   void r4(double value) { writer_.slot(Tag::r4, value); }
-  void i2s(int count, int value) { for (int i = 0; i < count; ++i) i2(value); }
-  void r4s(int count, double value) { for (int i = 0; i < count; ++i) r4(value); }
+  void i2s(int count, int value) {
+    for (int i = 0; i < count; ++i) i2(value);
+  }
+  void r4s(int count, double value) {
+    for (int i = 0; i < count; ++i) r4(value);
+  }
 
   void header() {
     text("Oml Old : C:\\a.qvf");

@@ -53,9 +53,7 @@ TEST(ReportArchive, LabelsComeBackBySlotAndEqualSlotsInTheirOrder) {
   EXPECT_EQ(written(again), bytes);
 }
 
-TEST(ReportArchive, AnEmptyReportIsFourSizesAndFourCounts) {
-  EXPECT_EQ(written({}).size(), 8u * kSlotSize);
-}
+TEST(ReportArchive, AnEmptyReportIsFourSizesAndFourCounts) { EXPECT_EQ(written({}).size(), 8u * kSlotSize); }
 
 TEST(ReportArchive, DamageLeavesWhatWasReadAndNeverMoreThanTheBytesHold) {
   const Bytes whole = written(sample());
