@@ -3,6 +3,7 @@
 
 #include "model/ProjectDocument.h"
 #include "model/ProjectRepairs.h"
+#include "model/ProjectWalkObjects.h"
 #include "reports/block/ReportWalk.h"
 
 namespace plinth {
