@@ -163,9 +163,9 @@ void contactPage(Layout& at) {
   at.label("Notes", kLabelLeft, row(6));
   at.memo("Notes", kBoxLeft, row(6), kBoxWidth, 2100);
   at.label("Photo", kLabelRight, row(6));
-  at.line(5910);
-  at.check("Newsletter", "Newsletter", kLabelLeft, 5985, "Wants the monthly newsletter");
-  at.check("VIP", "VIP", kBoxLeft + 300, 5985, "Treated with special care");
+  at.line(5685);
+  at.check("Newsletter", "Newsletter", kLabelLeft, 5850, "Wants the monthly newsletter");
+  at.check("VIP", "VIP", kBoxLeft + 300, 5850, "Treated with special care");
 }
 
 void photo(ProjectDocument& d) {
@@ -256,6 +256,7 @@ void layOutContacts(ProjectDocument& d) {
   d.pageSizeCode = 22;
   d.pageWidth = d.guideWidth = d.scrollLeft = kPageWidth;
   d.pageHeight = d.scrollHeight = kPageHeight;
+  d.formWidth = kPageWidth + 120;  // the frame of a sizable window
   d.pageColor = {kSheet, kSheet, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF};
   d.pageCaptions[0] = "Contact";
   d.pageCaptions[1] = "Order";
