@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <span>
 
 #include "basic/DisplayFormat.h"
 #include "basic/FileName.h"
@@ -25,6 +26,11 @@ void putI32(std::span<std::uint8_t> bytes, std::int64_t offset, std::int32_t val
     if (at < bytes.size())
       bytes[at] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(value) >> (8 * i));
   }
+}
+
+// A record ends in a blank at least; the system fills what writers leave out with zeros.
+bool isWritten(std::span<const std::uint8_t> slot) {
+  return std::any_of(slot.begin(), slot.end(), [](std::uint8_t byte) { return byte != 0; });
 }
 
 }  // namespace
@@ -155,7 +161,10 @@ Result<void> FlatRecordStore::load(std::int32_t record, RecordForm& form) {
     if (other.ok() && *other)
       return Error{ErrorKind::locked, "Record " + std::to_string(record) + " is in use."};
   }
-  std::fill(buffer_.begin() + static_cast<std::ptrdiff_t>(*read), buffer_.end(), std::uint8_t{0});
+  // What nobody has written is 0, also where the bytes of records are substituted.
+  const bool written = isWritten(std::span(buffer_).first(*read));
+  std::fill(buffer_.begin() + static_cast<std::ptrdiff_t>(written ? *read : 0), buffer_.end(),
+            codec_.unwrittenByte());
   codec_.decode(buffer_, form);
   return {};
 }
@@ -192,8 +201,8 @@ void FlatRecordStore::unlock(std::int32_t record) {
 }
 
 // Two users may append at once: whoever locks the slot first has the number, the other takes the next one.
-// After the lock the file is measured again, since the record may have been written between counting and
-// locking.
+// After the lock the slot is looked at, since the record may have been written between counting and locking;
+// the file's length alone would not tell, because the other may have written the next one already.
 Result<std::int32_t> FlatRecordStore::append() {
   if (readOnly_) return Error{ErrorKind::denied, "The data file is read-only."};
   unlock(locked_);
@@ -211,9 +220,9 @@ Result<std::int32_t> FlatRecordStore::append() {
       continue;
     }
     const Slot slot = slotOf(record);
-    const Result<std::int64_t> size = file_->size();
-    if (!size) return size.error();
-    if (slot.segment != openSeg_ || *size < slot.offset + recLen()) {
+    const auto read = file_->read(slot.offset, buffer_);
+    if (!read) return read.error();
+    if (!isWritten(std::span(buffer_).first(*read))) {
       lastSeg_ = std::max(lastSeg_, slot.segment);
       return record;
     }

@@ -127,6 +127,10 @@ std::int64_t scaledFromText(std::string_view text, const Locale& locale) {
 RecordCodec::RecordCodec(const Application& application, const RecordLayout& layout, const Locale& locale)
     : application_(application), layout_(layout), locale_(locale) {}
 
+std::uint8_t RecordCodec::unwrittenByte() const {
+  return application_.scrambleData ? substitutionTable()[0] : std::uint8_t{0};
+}
+
 void RecordCodec::decodeFields(std::span<const std::uint8_t> bytes, RecordForm& form) const {
   const bool showZero = application_.showZero;
   for (std::size_t n = 1; n < layout_.fields.size(); ++n) {

@@ -19,6 +19,8 @@ class RecordCodec {
   RecordCodec(const Application& application, const RecordLayout& layout, const Locale& locale);
 
   const RecordLayout& layout() const { return layout_; }
+  // The byte of a slot that decode() takes for 0.
+  std::uint8_t unwrittenByte() const;
 
   // Shows a slot of layout().recLen bytes, still substituted where the application says so, in the form:
   // texts without trailing blanks, numbers and dates in their kind's display. `bytes` is working space and is

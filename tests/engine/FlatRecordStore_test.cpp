@@ -152,6 +152,26 @@ TEST_F(StoreTest, TwoUsersWhoAppendAtOnceGetTwoNumbers) {
   EXPECT_EQ(read(*bob, 3), "ann");
 }
 
+TEST_F(StoreTest, WhoeverWasSteppedOverKeepsTheNumber) {
+  auto ann = open(true), bob = open(false);
+  add(*ann, "one");
+  disk->onNextLock = [&] { add(*bob, "bob"); };  // while Ann holds 2 and has not written it
+  add(*ann, "ann");
+  EXPECT_EQ(*bob->refreshCount(), 3);
+  EXPECT_EQ(read(*bob, 2), "ann");
+  EXPECT_EQ(read(*bob, 3), "bob");
+}
+
+TEST_F(StoreTest, WhatNobodyWroteReadsAsEmpty) {
+  app.scrambleData = true;
+  auto store = open(true);
+  form.fields[1].text = "three";
+  ASSERT_TRUE(store->save(3, form).ok());
+  bytes().resize(bytes().size() - 18);
+  for (int n = 1; n <= 2; ++n) EXPECT_EQ(read(*store, n), "");
+  EXPECT_EQ(read(*store, 3), "thr");
+}
+
 TEST_F(StoreTest, OthersNewSegmentsAreSeen) {
   auto ann = open(true, 105), bob = open(false, 105);
   for (int n = 1; n <= 9; ++n) add(*ann, "r" + std::to_string(n));

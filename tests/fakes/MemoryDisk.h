@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -41,6 +42,7 @@ struct MemoryDisk {
   std::optional<ErrorKind> failReads, failWrites;            // every such access fails so while set
   std::size_t capacity = SIZE_MAX;  // bytes of all files together; beyond it writes are "full"
   int reads = 0, writes = 0;        // successful accesses
+  std::function<void()> onNextLock;  // what another user does right after the next lock was taken
 
   // "\" becomes "/", a trailing one goes (but the root's).
   static std::string clean(std::string path) {

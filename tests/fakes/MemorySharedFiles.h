@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/SharedFile.h"
 #include "tests/fakes/MemoryDisk.h"
@@ -54,6 +55,7 @@ class MemorySharedFile : public SharedFile {
     if (offset < 0 || count <= 0) return fail(ErrorKind::wrongUsage);
     if (file_->lockedByOther(this, offset, count)) return fail(ErrorKind::locked);
     file_->locks.push_back({this, offset, count});
+    if (const auto other = std::exchange(disk_->onNextLock, nullptr)) other();
     return {};
   }
   Result<void> unlock(std::int64_t offset, std::int64_t count) override {
