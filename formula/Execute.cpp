@@ -38,13 +38,21 @@ std::string inner(std::string_view right, std::string_view form) {
   return replaceAll(replaceAll(right, form, ""), ")", "");
 }
 
+// The number that a value stands for. Made of the signs of arithmetic alone it is an expression, letters
+// behind numbers and parentheses too; of any other text the leading number counts.
+double assignedNumber(std::string_view text) {
+  constexpr std::string_view kArithmetic = "0123456789.-+~*/^()ABCEROUNDLSTMX";
+  const bool isExpression = text.find_first_not_of(kArithmetic) == text.npos;
+  return isExpression ? evaluateArithmetic(text).toDouble() : numericValue(text);
+}
+
 // "CUR0(" to "CUR4(" and "NUM0(" to "NUM4(".
 std::optional<Value> formattedValue(std::string_view token, std::string_view right, const Locale& locale) {
   for (const std::string_view name : {"CUR", "NUM"}) {
     for (int decimals = 0; decimals <= 4; ++decimals) {
       const std::string form = std::string(name) + std::to_string(decimals) + "(";
       if (token.find(form) == token.npos) continue;
-      const double value = numericValue(inner(right, form));
+      const double value = assignedNumber(inner(right, form));
       return Value{name == "CUR" ? formatCurrency(value, decimals, locale)
                                  : formatNumber(value, {.decimals = decimals}, locale),
                    true};
@@ -97,7 +105,7 @@ Decimal28 computed(const Value& value, const Locale& locale) {
 }
 
 double numeric(const Value& value, const Locale& locale) {
-  return numericValue(value.isDisplayed ? normalizeNumber(value.text, locale) : value.text);
+  return assignedNumber(value.isDisplayed ? normalizeNumber(value.text, locale) : value.text);
 }
 
 void assignTime(FormulaHost& host, int n, double serial) {

@@ -36,6 +36,12 @@ string number(const string& side) {
   return side.find_first_of("+~/*^M") == string::npos ? side : ReferenceEvaluator::evaluateArithmetic(side);
 }
 
+// Of an assignment: letters and parentheses count too where nothing but arithmetic stands.
+string assigned(const string& value) {
+  const bool onlyArithmetic = value.find_first_not_of("0123456789.-+~*/^()ABCEROUNDLSTMX") == string::npos;
+  return onlyArithmetic ? ReferenceEvaluator::evaluateArithmetic(value) : number(value);
+}
+
 // One form of "which relation is it": sign and both sides, "" for none.
 std::array<string, 3> parts(const string& text, const std::vector<string>& signs) {
   for (const string& sign : signs) {
@@ -202,7 +208,7 @@ string ReferenceEvaluator::formOf(const string& token, const string& right, bool
     const string form = (d < 5 ? "CUR" : "NUM") + std::to_string(d % 5) + "(";
     if (!contains(token, form)) continue;
     displayed = true;
-    const double value = val(number(bare(form)));
+    const double value = val(assigned(bare(form)));
     return d < 5 ? formatCurrency(value, d, host_.locale())
                  : formatNumber(value, {.decimals = d - 5}, host_.locale());
   }
@@ -235,7 +241,7 @@ void ReferenceEvaluator::storeInTarget(const string& target, const string& value
   const string digits = target.substr(std::min<std::size_t>(1, target.size()));
   if (digits.empty() || digits.size() > 6 || digits.find_first_not_of("0123456789") != string::npos) return;
   const int n = std::stoi(digits);
-  const double numeric = val(number(machine));
+  const double numeric = val(assigned(machine));
   if (target[0] == 'm' && n >= 1 && n <= host_.memoCount()) host_.setMemoText(n, text);
   if (target[0] == 'c' && n >= 1 && n <= host_.comboCount()) {
     host_.setComboText(n, text);
