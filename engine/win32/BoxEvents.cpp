@@ -69,6 +69,7 @@ std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM 
 // True when the key is used up.
 bool BoxWindows::keyDown(HWND window, BoxId box, int key) {
   const KeyEvent event = keyEvent(key);
+  const std::int32_t record = host_.session().form().record;
   KeyResult result;
   host_.act([&] {
     RecordSession& session = host_.session();
@@ -76,6 +77,9 @@ bool BoxWindows::keyDown(HWND window, BoxId box, int key) {
     if (box.type == BoxType::combo) result = session.comboKeyDown(box.index, event);
     if (box.type == BoxType::memo) result = session.memoKeyDown(box.index, event);
   });
+  // Another user holds the record, and the session moved on: the key was not meant for the record shown now.
+  dropCharacter_ = host_.session().form().record != record;
+  if (dropCharacter_) return true;
   if (!result.insert.empty())
     ::SendMessageW(window, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide(result.insert).c_str()));
   if (result.scroll != 0) host_.scrollPage(result.scroll);
@@ -85,6 +89,7 @@ bool BoxWindows::keyDown(HWND window, BoxId box, int key) {
 // The character for the edit window in place of a typed one; none: it is used up.
 std::optional<wchar_t> BoxWindows::keyPress(HWND window, BoxId box, wchar_t ch) {
   if (box.type != BoxType::field && box.type != BoxType::combo && box.type != BoxType::memo) return ch;
+  if (dropCharacter_) return std::nullopt;
   if (ch == 1) {
     ::SendMessageW(window, EM_SETSEL, 0, -1);
     return std::nullopt;
@@ -137,6 +142,8 @@ void BoxWindows::comboNotice(int n, int notice, HWND control) {
   const BoxId box{BoxType::combo, n};
   if (notice == CBN_SETFOCUS) gotFocus(box, control);
   if (notice == CBN_EDITCHANGE) edited(box, control);
+  // A mark in a box that nobody is in looks like the focus.
+  if (notice == CBN_KILLFOCUS) ::SendMessageW(control, CB_SETEDITSEL, 0, 0);
   if (notice != CBN_SELCHANGE || showing_) return;
   const auto row = static_cast<WPARAM>(::SendMessageW(control, CB_GETCURSEL, 0, 0));
   const LRESULT length = ::SendMessageW(control, CB_GETLBTEXTLEN, row, 0);

@@ -89,6 +89,7 @@ class BoxWindows {
   FontCache fonts_;
   std::map<COLORREF, BrushHandle> brushes_;
   bool showing_ = false;  // texts come from the form: changes are not the person's
+  bool dropCharacter_ = false;  // of the last key
   int shownPage_ = 0;
 };
 

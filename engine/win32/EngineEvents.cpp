@@ -172,14 +172,16 @@ bool EngineWindow::preTranslate(const MSG& message) {
 
 int EngineWindow::run() {
   MSG message;
-  while (handle() && ::GetMessageW(&message, nullptr, 0, 0) > 0) {
-    bool taken = false;
-    guarded([&] { taken = preTranslate(message); });
-    if (taken) continue;
-    ::TranslateMessage(&message);
-    ::DispatchMessageW(&message);
-  }
+  while (handle() && ::GetMessageW(&message, nullptr, 0, 0) > 0) dispatch(message);
   return 0;
+}
+
+void EngineWindow::dispatch(const MSG& message) {
+  bool taken = false;
+  guarded([&] { taken = preTranslate(message); });
+  if (taken) return;
+  ::TranslateMessage(&message);
+  ::DispatchMessageW(&message);
 }
 
 void EngineWindow::tendStopWatch() {

@@ -34,6 +34,8 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   bool open(RecordSession& session, HWND& owner);
   // Runs until the window is closed; the program's exit code.
   int run();
+  // One message of the thread's queue: keys that the window takes before its boxes, else its way to its window.
+  void dispatch(const MSG& message);
 
   // EngineView.
   void fieldChanged(int n) override { boxes_->showField(n); }

@@ -1,0 +1,414 @@
+// The window of a finished application, driven in its own process by the messages that a person's hands cause: typing,
+// Tab, clicks, keys. Records are real files; boxes that would wait for a person are fakes.
+#include "platform/win32/WindowsApi.h"  // before what leans on it
+
+#include <gtest/gtest.h>
+#include <objbase.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "engine/FlatRecordStore.h"
+#include "engine/win32/ControlIds.h"
+#include "engine/win32/EngineWindow.h"
+#include "platform/win32/Screenshot.h"
+#include "platform/win32/WicPictures.h"
+#include "tests/fakes/FakeChooser.h"
+#include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakeMessages.h"
+#include "tests/fakes/FakeShell.h"
+#include "tests/platform/TempFolder.h"
+
+namespace plinth {
+namespace {
+
+constexpr double kNow = 45000.5;  // 2023-03-15, noon
+
+enum FieldNumber { kName = 1, kPrice, kCount, kDue, kTotal, kCode, kSecondPage };
+
+PayloadField field(const char* tag, int kind, int length, float left, float top, int order) {
+  PayloadField row;
+  row.page = 0;
+  row.tag = tag;
+  row.fieldType = static_cast<std::uint8_t>(kind);
+  row.fieldLength = length;
+  row.left = left, row.top = top, row.width = 2400, row.height = 300;
+  row.frame = {true, 1, 0x808080};
+  row.exportOrder = static_cast<std::int16_t>(order + 10);
+  row.helpText = std::string("Help for ") + tag;
+  return row;
+}
+
+// Two pages: name, price, count, due day, total = price x count, a code that is locked once entered; terms, paid and
+// notes; on the second page one more field. A button and a link to the next record on both.
+Payload shop() {
+  Payload p;
+  p.header.title = "Shop";
+  p.header.calendar = 1;
+  p.header.border = 1;
+  p.header.statusLineVisible = true;
+  p.fields = {PayloadField{},
+              field("Name", 0, 10, 300, 300, 1),
+              field("Price", 2, 12, 300, 750, 2),
+              field("Count", 5, 10, 300, 1200, 3),
+              field("Due", 7, 30, 300, 1650, 4),
+              field("Total", 2, 12, 300, 2100, 5),
+              field("Code", 0, 8, 3600, 300, 6),
+              field("Remark", 0, 20, 300, 300, 10)};
+  p.fields[kName].textCase = 2;
+  p.fields[kCode].lockEntry = 1;
+  p.fields[kCode].textCase = 1;
+  p.fields[kTotal].formula = "F2*F3";
+  p.fields[kSecondPage].page = 1;
+  p.combos = {PayloadCombo{}, PayloadCombo{}};
+  p.combos[1].page = 0;
+  p.combos[1].tag = "Terms";
+  p.combos[1].items = {"Cash", "Net"};
+  p.combos[1].left = 3600, p.combos[1].top = 750, p.combos[1].width = 2400, p.combos[1].exportOrder = 17;
+  p.checks = {PayloadCheck{}};
+  p.checks[0].page = 0;
+  p.checks[0].tag = "Paid";
+  p.checks[0].left = 3600, p.checks[0].top = 1300, p.checks[0].exportOrder = 18;
+  p.memos = {PayloadMemo{}, PayloadMemo{}};
+  p.memos[1].page = 0;
+  p.memos[1].tag = "Notes";
+  p.memos[1].fieldLength = 100;
+  p.memos[1].left = 3600, p.memos[1].top = 1650, p.memos[1].width = 2400, p.memos[1].height = 900;
+  p.memos[1].exportOrder = 19;
+  p.titles.resize(8);
+  for (const int n : {1, 5, 7}) p.titles[static_cast<std::size_t>(n)].page = -1;
+  p.titles[1].left = 300, p.titles[1].top = 3600;
+  p.titles[5].left = 7200, p.titles[5].top = 60;
+  p.titles[7].left = 7200, p.titles[7].top = 600;
+  p.titles[7].caption = "Next one";
+  p.titles[7].link = ">";
+  p.buttons = {PayloadButton{}};
+  p.buttons[0].page = -1;
+  p.buttons[0].caption = "First";
+  p.buttons[0].tag = "<<<";
+  p.buttons[0].left = 300, p.buttons[0].top = 2700, p.buttons[0].width = 1500, p.buttons[0].height = 450;
+  p.buttons[0].backColor = 0xE0E0E0;
+  p.buttons[0].image = 1;
+  PayloadMenus& menus = p.application.menus;
+  menus.fmenu = "&File", menus.mlist = "&Open...", menus.newin = "&New...", menus.exitit = "E&xit";
+  menus.ops = "&Edit", menus.pasting = "&Paste", menus.erasefile = "C&lear", menus.finding = "&Search", menus.finden0 = "&Find";
+  p.application.guideVisible = true;
+  p.application.pageCaptions = {"Goods", "More", "", "", ""};
+  p.pageColors = {0xFFFFFF, 0xE0FFE0, 0, 0, 0};
+  return p;
+}
+
+class EngineWindows : public testing::Test {
+ protected:
+  void SetUp() override {
+    ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    messages.answers = {true};  // make the data file
+    open();
+  }
+  void TearDown() override {
+    window.reset();
+    session.reset();
+    ::CoUninitialize();
+  }
+  void open() {
+    StartUp start;
+    start.proceed = true;
+    start.application = makeApplication(payload);
+    start.form = makeRecordForm(start.application);
+    start.names.appPath = folder / "";
+    start.cfgPath = folder / "shop.cfg";
+    start.data = {folder / "", "Shop.dbd", false};
+    window = std::make_unique<EngineWindow>(EngineWindowServices{messages, chooser, shell, systemFiles(), decoder});
+    session = std::make_unique<RecordSession>(
+        std::move(start), SessionServices{systemFiles(), messages, clock, englishLocale(), shell,
+                                          flatStoreOpener(systemSharedFiles(), systemFiles()), window.get(), nullptr});
+    HWND owner = nullptr;
+    ASSERT_TRUE(window->open(*session, owner));
+    ::SetForegroundWindow(window->handle());
+    pump();
+  }
+  void pump() {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+      if (message.message != WM_QUIT) window->dispatch(message);
+  }
+  // A control anywhere in the window, by its number.
+  HWND control(int id) const {
+    struct Search {
+      int id;
+      HWND found;
+    } search{id, nullptr};
+    ::EnumChildWindows(
+        window->handle(),
+        [](HWND child, LPARAM param) -> BOOL {
+          auto& wanted = *reinterpret_cast<Search*>(param);
+          if (::GetDlgCtrlID(child) == wanted.id) wanted.found = child;
+          return wanted.found == nullptr;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    EXPECT_NE(search.found, nullptr) << "control " << id;
+    return search.found;
+  }
+  std::string shown(int id) const {
+    wchar_t text[512] = {};
+    ::GetWindowTextW(control(id), text, 512);
+    return std::filesystem::path(text).string();
+  }
+  std::string fieldShown(int n) const { return shown(kFieldId + n); }
+  void press(int key, bool control = false) {
+    BYTE keys[256] = {};
+    ::GetKeyboardState(keys);
+    keys[VK_CONTROL] = control ? 0x80 : 0;
+    ::SetKeyboardState(keys);
+    ::PostMessageW(::GetFocus() ? ::GetFocus() : window->handle(), WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+    pump();
+    keys[VK_CONTROL] = 0;
+    ::SetKeyboardState(keys);
+  }
+  // Goes to a box and types over what it holds; the box keeps the focus.
+  void type(int id, const std::wstring& text) {
+    ::SetFocus(control(id));
+    ::SendMessageW(control(id), EM_SETSEL, 0, -1);
+    ::SendMessageW(control(id), WM_KEYDOWN, 'X', 0);
+    for (const wchar_t ch : text) ::SendMessageW(control(id), WM_CHAR, ch, 0);
+    pump();
+  }
+  void typeField(int n, const std::wstring& text) { type(kFieldId + n, text); }
+  void click(int id) {
+    ::SendMessageW(control(id), BM_CLICK, 0, 0);
+    pump();
+  }
+  void menu(MenuId id) {
+    const std::vector<MenuEntry>& rows = session->application().menus;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+      if (rows[i].id == id) ::SendMessageW(window->handle(), WM_COMMAND, kMenuId + i, 0);
+    pump();
+  }
+  UINT menuState(MenuId id) {
+    const HMENU bar = ::GetMenu(window->handle());
+    ::SendMessageW(window->handle(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(bar), 0);
+    const std::vector<MenuEntry>& rows = session->application().menus;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+      if (rows[i].id == id) return ::GetMenuState(bar, static_cast<UINT>(kMenuId + i), MF_BYCOMMAND);
+    return static_cast<UINT>(-1);
+  }
+  void shot(const std::string& name) {
+    pump();
+    std::filesystem::create_directories("screenshots");
+    EXPECT_TRUE(saveScreenshot(window->handle(), "screenshots/engine-" + name + ".png"));
+  }
+
+  Payload payload = shop();
+  TempFolder folder;
+  FakeMessages messages;
+  FakeChooser chooser;
+  FakeShell shell;
+  FakeClock clock{kNow};
+  WicDecoder decoder;
+  std::unique_ptr<EngineWindow> window;
+  std::unique_ptr<RecordSession> session;
+};
+
+TEST_F(EngineWindows, AsksForItsDataFileAndBeginsInTheFirstBox) {
+  ASSERT_EQ(messages.shown.size(), 1u);
+  EXPECT_TRUE(messages.shown[0].question);
+  EXPECT_NE(messages.shown[0].text.find("Shop.dbd"), std::string::npos);
+  EXPECT_EQ(::GetFocus(), control(kFieldId + kName));
+  EXPECT_EQ(shown(kRecordBoxId), "1");
+  EXPECT_EQ(fieldShown(kDue), "3/15/2023");
+}
+
+TEST_F(EngineWindows, KeepsTypedRecordsThroughMovesAndARestart) {
+  typeField(kName, L"anna maria x");  // longer than the field
+  press(VK_TAB);
+  EXPECT_EQ(::GetFocus(), control(kFieldId + kPrice));
+  EXPECT_EQ(fieldShown(kName), "Anna Maria");
+  typeField(kPrice, L"a12.5b");
+  press(VK_TAB);
+  EXPECT_EQ(fieldShown(kPrice), "12.50");
+  typeField(kCount, L"1.4");  // whole numbers have no point
+  typeField(kDue, L"2023-12-24");
+  ::SendMessageW(control(kComboId + 1), CB_SETCURSEL, 1, 0);
+  ::SendMessageW(::GetParent(control(kComboId + 1)), WM_COMMAND, MAKEWPARAM(kComboId + 1, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(control(kComboId + 1)));
+  click(kCheckId);
+  type(kMemoId + 1, L"one\rtwo");
+  EXPECT_EQ(fieldShown(kTotal), "175.00");
+  EXPECT_EQ(fieldShown(kDue), "12/24/2023");
+  shot("record");
+
+  click(kNewRecordId);
+  EXPECT_EQ(shown(kRecordBoxId), "2");
+  EXPECT_EQ(fieldShown(kName), "");
+  EXPECT_EQ(shown(kMemoId + 1), "");
+  EXPECT_EQ(::SendMessageW(control(kCheckId), BM_GETCHECK, 0, 0), BST_UNCHECKED);
+  typeField(kName, L"second");
+  ::SendMessageW(window->handle(), WM_CLOSE, 0, 0);  // without leaving the box
+  EXPECT_EQ(window->handle(), nullptr);
+
+  open();
+  EXPECT_EQ(fieldShown(kName), "Anna Maria");
+  EXPECT_EQ(fieldShown(kTotal), "175.00");
+  EXPECT_EQ(shown(kComboId + 1), "Net");
+  EXPECT_EQ(shown(kMemoId + 1), "one\r\ntwo");
+  EXPECT_EQ(::SendMessageW(control(kCheckId), BM_GETCHECK, 0, 0), BST_CHECKED);
+  press('6', true);
+  EXPECT_EQ(fieldShown(kName), "Second");
+}
+
+TEST_F(EngineWindows, MovesByEveryWayThereIs) {
+  for (int n = 2; n <= 13; ++n) click(kNewRecordId);
+  const struct {
+    const char* what;
+    std::function<void()> move;
+    const char* record;
+  } kMoves[] = {
+      {"first", [&] { click(kNavigationId + 0); }, "1"},
+      {"forward 10", [&] { click(kNavigationId + 4); }, "11"},
+      {"no 10 forward are left", [&] { click(kNavigationId + 4); }, "11"},
+      {"back", [&] { click(kNavigationId + 2); }, "10"},
+      {"Ctrl+4", [&] { press('4', true); }, "11"},
+      {"Ctrl+2", [&] { press('2', true); }, "1"},
+      {"page's link", [&] { ::SendMessageW(::GetParent(control(kFieldId + kName)), WM_LBUTTONDOWN, 0, MAKELPARAM(485, 45)); },
+       "2"},
+      {"record box",
+       [&] {
+         ::SetFocus(control(kRecordBoxId));
+         ::SetWindowTextW(control(kRecordBoxId), L"7");
+         press(VK_RETURN);
+       },
+       "7"},
+      {"last", [&] { click(kNavigationId + 5); }, "13"},
+      {"page's button", [&] { click(kButtonId); }, "1"},
+      {"Ctrl+Insert", [&] { press(VK_INSERT, true); }, "14"},
+  };
+  for (const auto& one : kMoves) {
+    one.move();
+    EXPECT_EQ(shown(kRecordBoxId), one.record) << one.what;
+    EXPECT_EQ(session->form().record, std::stoi(one.record)) << one.what;
+  }
+}
+
+TEST_F(EngineWindows, SwitchesPagesWithTheirBoxesAndColours) {
+  shot("page-1");
+  const Pixels before = windowPixels(window->handle());
+  EXPECT_GT(std::set<std::uint32_t>(before.argb.begin(), before.argb.end()).size(), 12u);
+  const auto visible = [&](int id) { return ::IsWindowVisible(control(id)) != FALSE; };
+  EXPECT_FALSE(visible(kFieldId + kSecondPage));
+  click(kPageTabId + 1);
+  EXPECT_TRUE(visible(kFieldId + kSecondPage));
+  EXPECT_TRUE(visible(kButtonId));
+  for (const int id : {kFieldId + kName, kComboId + 1, kMemoId + 1, kCheckId, kDateButtonId + kDue})
+    EXPECT_FALSE(visible(id)) << id;
+  EXPECT_EQ(::GetFocus(), control(kFieldId + kSecondPage));
+  shot("page-2");
+  const Pixels after = windowPixels(window->handle());
+  EXPECT_GT(std::count(after.argb.begin(), after.argb.end(), 0xFFE0FFE0u),
+            std::count(before.argb.begin(), before.argb.end(), 0xFFE0FFE0u) + 10000);
+  press(VK_PRIOR, true);
+  EXPECT_TRUE(visible(kFieldId + kName));
+}
+
+TEST_F(EngineWindows, TabVisitsBoxesInTheirOrderAndComesRound) {
+  std::vector<int> visited;
+  for (int i = 0; i < 11; ++i) {
+    // A combo's focus is in its edit line.
+    const HWND focus = ::GetFocus(), combo = control(kComboId + 1);
+    visited.push_back(::GetDlgCtrlID(::IsChild(combo, focus) ? combo : focus));
+    press(VK_TAB);
+  }
+  EXPECT_EQ(visited, (std::vector<int>{kFieldId + kName, kFieldId + kPrice, kFieldId + kCount, kFieldId + kDue,
+                                       kFieldId + kTotal, kFieldId + kCode, kComboId + 1, kCheckId, kMemoId + 1, kButtonId,
+                                       kRecordBoxId}));
+  EXPECT_EQ(::GetFocus(), control(kFieldId + kName));
+}
+
+TEST_F(EngineWindows, RefusesWhatARecordCannotHold) {
+  typeField(kName, L"\u0416\u4E2D");  // no letters of this application's character set
+  EXPECT_EQ(fieldShown(kName), "");
+  typeField(kCode, L"ab1");
+  EXPECT_EQ(fieldShown(kCode), "AB1");
+  click(kNavigationId + 5);
+  // Locked once entered: the box shows it and takes nothing.
+  click(kNewRecordId);
+  click(kNavigationId + 0);
+  EXPECT_NE(::GetWindowLongPtrW(control(kFieldId + kCode), GWL_STYLE) & ES_READONLY, 0);
+  typeField(kCode, L"zz");
+  EXPECT_EQ(fieldShown(kCode), "AB1");
+  EXPECT_EQ(::GetWindowLongPtrW(control(kFieldId + kName), GWL_STYLE) & ES_READONLY, 0);
+}
+
+TEST_F(EngineWindows, LeavesARecordAloneThatAnotherUserEdits) {
+  click(kNewRecordId);
+  typeField(kName, L"mine");
+  click(kNavigationId + 0);
+  click(kNavigationId + 5);
+  auto other = FlatRecordStore::open(systemSharedFiles(), systemFiles(), session->application(), englishLocale(),
+                                     {folder / "Shop.dbd", false, false, 0, ""});
+  ASSERT_TRUE(other.ok());
+  ASSERT_TRUE((*other)->lock(2).ok());
+  typeField(kName, L"x");
+  // The message tells why, and the record before it shows, untouched by the keys.
+  ASSERT_EQ(messages.shown.size(), 2u);
+  EXPECT_EQ(shown(kRecordBoxId), "1");
+  EXPECT_EQ(fieldShown(kName), "");
+  EXPECT_FALSE(session->dirty());
+  (*other)->unlock(2);
+  click(kNavigationId + 5);
+  EXPECT_EQ(fieldShown(kName), "Mine");
+}
+
+TEST_F(EngineWindows, OffersWhatWorksAndGreysTheRest) {
+  EXPECT_EQ(menuState(MenuId::newin) & MF_GRAYED, 0u);
+  EXPECT_EQ(menuState(MenuId::erasefile) & MF_GRAYED, 0u);
+  EXPECT_EQ(menuState(MenuId::finden0) & (MF_GRAYED | MF_POPUP), MF_GRAYED + 0u);
+  EXPECT_EQ(menuState(MenuId::cuting), static_cast<UINT>(-1));  // without a caption it is not there
+  EXPECT_EQ(::GetMenuItemCount(::GetMenu(window->handle())), 3);
+  typeField(kName, L"old");
+  chooser.answers = {folder / "Other"};
+  menu(MenuId::newin);
+  EXPECT_TRUE(std::filesystem::exists(folder / "Other.dbd"));
+  EXPECT_EQ(fieldShown(kName), "");
+  typeField(kName, L"gone");
+  menu(MenuId::erasefile);
+  EXPECT_EQ(fieldShown(kName), "");
+  chooser.answers = {folder / "Shop.dbd"};
+  menu(MenuId::mlist);
+  EXPECT_EQ(fieldShown(kName), "Old");
+  EXPECT_EQ(chooser.requests[1].pattern, "*.dbd");
+}
+
+TEST_F(EngineWindows, ShowsHelpAndActionsOfTheFocusedBox) {
+  ::SetFocus(control(kFieldId + kPrice));
+  pump();
+  EXPECT_EQ(session->form().titles[1], "Help for Price");
+  typeField(kName, L"www.a.org");
+  ::SetFocus(control(kFieldId + kPrice));
+  pump();
+  EXPECT_FALSE(::IsWindowVisible(control(kActionToolId)));
+  ::SetFocus(control(kFieldId + kName));
+  pump();
+  ASSERT_TRUE(::IsWindowVisible(control(kActionToolId)));
+  click(kActionToolId);
+  ASSERT_EQ(shell.opened.size(), 1u);
+  EXPECT_EQ(shell.opened[0].target, "http://Www.a.org");
+}
+
+TEST_F(EngineWindows, PicksADayFromTheCalendar) {
+  click(kDateButtonId + kDue);
+  const HWND popup = ::FindWindowW(L"PlinthCalendar", nullptr);
+  ASSERT_NE(popup, nullptr);
+  const HWND calendar = ::GetWindow(popup, GW_CHILD);
+  SYSTEMTIME day = {};
+  day.wYear = 2024, day.wMonth = 2, day.wDay = 29;
+  constexpr UINT kSetDay = 0x1002;  // MCM_SETCURSEL
+  ASSERT_TRUE(::SendMessageW(calendar, kSetDay, 0, reinterpret_cast<LPARAM>(&day)));
+  ::SendMessageW(calendar, WM_KEYDOWN, VK_RETURN, 0);
+  pump();
+  EXPECT_EQ(fieldShown(kDue), "2/29/2024");
+  EXPECT_EQ(::FindWindowW(L"PlinthCalendar", nullptr), nullptr);
+}
+
+}  // namespace
+}  // namespace plinth
