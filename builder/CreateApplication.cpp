@@ -52,6 +52,7 @@ class Run {
   ProjectDocument& document_;
   const CreateRequest& request_;
   CreateResult result_;
+  std::string fileName_;  // the application's name as its files bear it
   Bytes image_;
 };
 
@@ -76,8 +77,9 @@ bool Run::nameIsUsable() {
   }
   std::string parent = request_.folder.empty() ? env_.files.currentFolder() : request_.folder;
   if (!parent.empty() && parent.back() != '/' && parent.back() != '\\') parent += env_.files.separator();
-  result_.folder = parent + result_.appName + env_.files.separator();
-  result_.executable = inFolder(result_.appName + ".exe");
+  fileName_ = env_.fileName ? env_.fileName(result_.appName) : result_.appName;
+  result_.folder = parent + fileName_ + env_.files.separator();
+  result_.executable = inFolder(fileName_ + ".exe");
   return true;
 }
 
@@ -129,7 +131,7 @@ void Run::tellCutTexts(const std::vector<std::string>& places) {
 }
 
 bool Run::prepareFolder() {
-  OutputFolder folder(env_.files, result_.folder.substr(0, result_.folder.size() - 1), result_.appName,
+  OutputFolder folder(env_.files, result_.folder.substr(0, result_.folder.size() - 1), fileName_,
                       document_.options.text4);
   // A folder that merely bears the application's name may hold anything.
   if (!folder.isEarlierBuild() && !folder.filesToDelete().empty() &&
@@ -162,7 +164,7 @@ void Run::copyHelp() {
   const std::string languages = program("Languages") + env_.files.separator();
   std::string help = languages + env_.language + "b.chm";
   if (!env_.files.exists(help)) help = languages + "Englishb.chm";
-  copy(help, inFolder(result_.appName + ".chm"));
+  copy(help, inFolder(fileName_ + ".chm"));
 }
 
 void Run::copyToolImages() {

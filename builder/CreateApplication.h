@@ -22,7 +22,8 @@ class PictureStore;
 
 // What the name dialog answers.
 struct CreateRequest {
-  std::string name;    // as typed; the application's name is what stands before the first "."
+  std::string name;  // as typed, in the project's code page; the application's name is what stands before the
+                     // first "."
   std::string folder;  // chosen folder, in which the application's own folder is made; "" is the current one
   Bytes iconBytes;     // of the chosen ".ico" file; empty: the project's icon, else the default icon
   bool setup = false;  // "setup" check box: wrap the result into an installer
@@ -54,6 +55,8 @@ struct CreateEnvironment {
   std::span<const std::uint8_t> stub;         // resource "CUSTOM" 101
   std::span<const std::uint8_t> defaultIcon;  // resource "CUSTOM" 103
   InstallerStep* installer = nullptr;
+  // The form of a file name that `files` takes for one in the project's code page; {} when they are the same.
+  std::function<std::string(const std::string&)> fileName = {};
 };
 
 enum class CreateStatus {

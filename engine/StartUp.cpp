@@ -33,6 +33,14 @@ std::string existingName(const Files& files, const std::string& folder, const st
   return name;
 }
 
+// File names are 8-bit text where "\\" separates, UTF-8 where "/" does. A name that the page cannot say stays
+// as it is.
+std::string properName(const std::string& name, const std::string& folder, int codePage) {
+  if (folder.empty() || folder.back() != '/') return properCase(name, codePage);
+  const std::string text = fromUtf8(name, codePage);
+  return toUtf8(text, codePage) == name ? toUtf8(properCase(text, codePage), codePage) : name;
+}
+
 // An embedded file goes beside the program under its stored name, unless one is there already: an edited
 // picture beside the application wins over the one in the payload.
 std::string extract(const EmbeddedFile& file, const std::string& folder, bool write, Files& files) {
@@ -112,13 +120,14 @@ DataFile dataFileOf(const StartRequest& request, const ProgramNames& names, cons
   const std::string folder = folderOf(names.exeStem);
   data.folder = folder.empty() ? names.appPath : folder;
   const std::string stem = safeFileName(fileNameOf(names.exeStem));
-  const std::string name = properCase(extension.empty() ? stem : stem + "." + extension, codePage);
+  const std::string name =
+      properName(extension.empty() ? stem : stem + "." + extension, data.folder, codePage);
   data.name = existingName(files, data.folder, name, codePage);
   return data;
 }
 
 std::string baseNameOf(const DataFile& data, int codePage) {
-  return withoutExtension(properCase(data.name, codePage));
+  return withoutExtension(properName(data.name, data.folder, codePage));
 }
 
 std::string pictureFolderOf(const DataFile& data, int codePage, char separator) {

@@ -12,6 +12,7 @@
 #include "programs/plinth/ProjectCheck.h"
 #include "programs/plinth/Tool.h"
 #include "programs/plinth/ToolMessages.h"
+#include "programs/plinth/ToolPictures.h"
 
 namespace plinth {
 namespace {
@@ -35,7 +36,8 @@ struct OpenProject {
 };
 
 // Reads options.file; nullopt after a message.
-std::optional<OpenProject> openProject(const ToolOptions& options, ToolMachine& machine, const LanguageTexts& texts) {
+std::optional<OpenProject> openProject(const ToolOptions& options, ToolMachine& machine,
+                                       const LanguageTexts& texts) {
   const std::string path = machine.systemPath(options.file);
   const Result<Bytes> bytes = machine.files.read(path);
   if (!bytes) {
@@ -97,16 +99,18 @@ int check(const ToolOptions& options, ToolMachine& machine) {
   return findings.empty() ? kDone : kFailed;
 }
 
-// Writes a document under a path as the person named it, so that equal documents give equal bytes.
-int save(ProjectDocument& document, const PictureStore& pictures, const std::string& name, ToolMachine& machine) {
+// Writes a document under a path as the person named it, so that equal documents give equal bytes. The file
+// holds that path in its own code page.
+int save(ProjectDocument& document, const PictureStore& pictures, const std::string& name,
+         ToolMachine& machine) {
   WriteOptions write;
-  write.path = machine.systemPath(name);
+  write.path = fromUtf8(name, codePageOfCharSet(document.charSet));
   write.saveDate = static_cast<std::int32_t>(machine.clock.now());
   const SaveResult saved = writeProject(document, pictures, write);
   for (const std::string& picture : saved.unreadablePictures) {
     machine.err << "plinth: Correct Picture File " << machine.pathUtf8(picture) << "\n";
   }
-  const Result<void> written = machine.files.write(write.path, saved.bytes);
+  const Result<void> written = machine.files.write(machine.systemPath(name), saved.bytes);
   return written ? kDone : fail(machine, name + ": " + written.error().text);
 }
 
@@ -149,8 +153,10 @@ int create(const ToolOptions& options, ToolMachine& machine) {
   ProjectDocument& document = project->load.document;
   CreateRequest request;
   if (!readIcon(options, machine, request.iconBytes)) return kFailed;
-  request.name = options.name.empty() ? initialApplicationName(document) : machine.systemPath(options.name);
-  if (request.name.empty()) request.name = withoutExtension(fileNameOf(document.projectPath));
+  const std::string fallback = withoutExtension(fileNameOf(options.file));
+  request.name =
+      options.name.empty() ? initialApplicationName(document) : fromUtf8(options.name, project->codePage);
+  if (request.name.empty()) request.name = fromUtf8(fallback, project->codePage);
   request.folder = machine.systemPath(options.output);
   if (!request.folder.empty()) {
     const Result<void> made = machine.files.makeFolder(request.folder);
@@ -158,14 +164,19 @@ int create(const ToolOptions& options, ToolMachine& machine) {
   }
   ToolMessages messages(machine.err, project->codePage, true);
   ToolProgress progress(machine.err, machine.progressBar);
-  CompileApp compile({machine.files, messages, progress, project->pictures,
+  const auto systemName = [&](const std::string& name) {
+    return machine.systemPath(toUtf8(name, project->codePage));
+  };
+  ToolPictures pictures(project->pictures, machine.files, systemName);
+  CompileApp compile({machine.files, messages, progress, pictures,
                       [&texts](int number) { return texts.text(number); }, machine.programFolder, "English",
-                      machine.stub, machine.defaultIcon, nullptr});
+                      machine.stub, machine.defaultIcon, nullptr, systemName});
   if (!compile.bigEnough(document)) return kFailed;
   const CreateResult result = compile.run(document, request);
-  for (const std::string& note : result.notes) machine.err << "plinth: " << toUtf8(note, project->codePage) << "\n";
+  for (const std::string& note : result.notes)
+    machine.err << "plinth: " << toUtf8(note, project->codePage) << "\n";
   if (!result.ok()) {
-    return result.problem.empty() ? fail(machine, "no application was created") : fail(machine, result.problem);
+    return messages.shown() > 0 ? kFailed : fail(machine, "no application was created");
   }
   machine.out << machine.pathUtf8(result.executable) << "\n";
   return kDone;
@@ -175,12 +186,18 @@ int create(const ToolOptions& options, ToolMachine& machine) {
 
 int runProjectCommand(const ToolOptions& options, ToolMachine& machine) {
   switch (options.command) {
-    case Command::show: return show(options, machine);
-    case Command::check: return check(options, machine);
-    case Command::convert: return convert(options, machine);
-    case Command::newProject: return makeNew(options, machine);
-    case Command::create: return create(options, machine);
-    default: return kWrongUsage;
+    case Command::show:
+      return show(options, machine);
+    case Command::check:
+      return check(options, machine);
+    case Command::convert:
+      return convert(options, machine);
+    case Command::newProject:
+      return makeNew(options, machine);
+    case Command::create:
+      return create(options, machine);
+    default:
+      return kWrongUsage;
   }
 }
 

@@ -1,10 +1,12 @@
-// The tool from words to files and exit codes, on a machine in memory with a stub of noise in the engine's place.
+// The tool from words to files and exit codes, on a machine in memory with a stub of noise in the engine's
+// place.
 #include "programs/plinth/Tool.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
+#include "model/ProjectFile.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/fakes/MemorySharedFiles.h"
@@ -23,8 +25,8 @@ class ToolTest : public ::testing::Test {
   std::string run(std::vector<std::string> words) {
     std::ostringstream out, err;
     const auto same = [](std::string_view text) { return std::string(text); };
-    ToolMachine machine{out,  err,  false,   files, shared, clock, englishLocale(), stub,
-                        icon, {}, "/plinth/", same,  same};
+    ToolMachine machine{out,  err,  false, files,      shared, clock, englishLocale(),
+                        stub, icon, {},    "/plinth/", same,   same};
     code = runTool(words, machine);
     errors = err.str();
     return out.str();
@@ -83,13 +85,43 @@ TEST_F(ToolTest, CheckNamesWhatRefersToNothing) {
 TEST_F(ToolTest, BadFilesGetASentence) {
   files.put("text.qvf", std::string("not a project"));
   files.put("cut.exe", std::string("MZ"));
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-           {"show", "text.qvf"}, {"check", "missing.qvf"}, {"create", "text.qvf"},
-           {"records", "cut.exe", "count"}, {"records", "missing.exe", "list"}}) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"show", "text.qvf"},
+                                             {"check", "missing.qvf"},
+                                             {"create", "text.qvf"},
+                                             {"records", "cut.exe", "count"},
+                                             {"records", "missing.exe", "list"}}) {
     EXPECT_EQ(run(words), "");
     EXPECT_EQ(code, 1) << words[1];
     EXPECT_NE(errors, "");
   }
+}
+
+TEST_F(ToolTest, NamesAreUtf8OutsideAndOfTheCodePageInside) {
+  run({"new", "/desk/a.qvf", "--example", "contacts"});
+  MemoryPictures pictures;
+  ProjectDocument document = readProject(*files.read("/desk/a.qvf"), pictures).document;
+  document.appTitle = "M\xFClleria";
+  document.tileImage = "/pics/gr\xFCn.bmp";
+  files.put("/desk/a.qvf", writeProject(document, pictures, {}).bytes);
+  files.put("/pics/gr\u00FCn.bmp", std::string("a green background"));
+
+  EXPECT_EQ(run({"create", "/desk/a.qvf", "--output", "/out"}), "/out/M\u00FClleria/M\u00FClleria.exe\n");
+  EXPECT_EQ(run({"create", "/desk/a.qvf", "--output", "/out", "--name", "\u00C4on"}),
+            "/out/\u00C4on/\u00C4on.exe\n");
+  EXPECT_NE(files.textOf("/out/\u00C4on/\u00C4on.exe").find("\xC4on.chm"), std::string::npos);
+  EXPECT_NE(files.textOf("/out/\u00C4on/\u00C4on.exe").find("a green background"), std::string::npos);
+  EXPECT_EQ(run({"records", "/out/\u00C4on/\u00C4on.exe", "add", "First_Name=ada"}), "1\n") << errors;
+  EXPECT_TRUE(files.exists("/out/\u00C4on/\u00C4on.dbd"));
+
+  run({"convert", "/desk/a.qvf", "/desk/\u00FCber.qvf"});
+  EXPECT_NE(files.textOf("/desk/\u00FCber.qvf")
+                .find("/desk/\xFC"
+                      "ber.qvf"),
+            std::string::npos);
+
+  run({"create", "/desk/a.qvf", "--name", ".."});
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << "told once: " << errors;
 }
 
 TEST_F(ToolTest, RecordsAreAddedReadChangedAndErased) {
@@ -98,15 +130,17 @@ TEST_F(ToolTest, RecordsAreAddedReadChangedAndErased) {
   run({"records", exe, "count"});
   EXPECT_EQ(code, 1) << "there is no data file yet, and only add makes one";
 
-  EXPECT_EQ(run({"records", exe, "add", "First_Name=ada", "last_name=lovelace", "Quantity=3", "Price=9.5", "Paid=1"}),
-            "1\n") << errors;
+  EXPECT_EQ(run({"records", exe, "add", "First_Name=ada", "last_name=lovelace", "Quantity=3", "Price=9.5",
+                 "Paid=1"}),
+            "1\n")
+      << errors;
   EXPECT_EQ(run({"records", exe, "add", "F1=grace"}), "2\n") << errors;
   EXPECT_EQ(run({"records", exe, "count", "--json"}), "{\"count\": 2}\n");
 
   const std::string first = run({"records", exe, "get", "1", "--json"});
-  for (const char* part : {"{\"record\": 1, \"values\": {", "\"First_Name\": \"Ada\"", "\"Total\": \"28.50\"",
-                           "\"Status\": \"PAID\"",
-                           "\"In_Words\": \"Twenty-Eight Dollars and Fifty Cents\""}) {
+  for (const char* part :
+       {"{\"record\": 1, \"values\": {", "\"First_Name\": \"Ada\"", "\"Total\": \"28.50\"",
+        "\"Status\": \"PAID\"", "\"In_Words\": \"Twenty-Eight Dollars and Fifty Cents\""}) {
     EXPECT_NE(first.find(part), std::string::npos) << part << "\n" << first;
   }
 
