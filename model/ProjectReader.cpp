@@ -12,6 +12,8 @@ namespace {
 
 // A list box numbers its items with 16 bits; all lists together must leave memory for the rest.
 constexpr int kItemsPerList = 32767, kItemsPerProject = 500000;
+// A file of this name still fits into the picture folder wherever that lies.
+constexpr std::size_t kLongestStem = 60, kLongestExtension = 20;
 
 }  // namespace
 
@@ -56,7 +58,9 @@ void ProjectReader::picture(std::string& path, const char*, const char*, Version
 std::string ProjectReader::extract(const std::string& name, const Bytes& bytes) {
   std::string safe = safeFileName(name);
   if (safe.empty()) safe = "picture";
-  const std::string stem = withoutExtension(safe), extension = extensionOf(safe);
+  const std::string stem = withoutExtension(safe).substr(0, kLongestStem);
+  const std::string extension = extensionOf(safe).substr(0, kLongestExtension);
+  if (stem.size() + 1 + extension.size() < safe.size()) safe = safeFileName(stem + "." + extension);
   const auto first = extracted_.find(lowerAscii(safe));
   if (first != extracted_.end() && pictures_.get(first->second.path) == bytes) return first->second.path;
   while (extracted_.count(lowerAscii(safe)))

@@ -13,6 +13,8 @@
 namespace plinth {
 namespace {
 
+constexpr int kLastSystemTitle = 5;
+
 // The number at the start of an old tag, in the range of a tab position.
 std::int16_t oldTab(const std::string& tag) {
   return static_cast<std::int16_t>(std::clamp(val(tag), -32768.0, 32767.0));
@@ -67,7 +69,9 @@ void repairField(FieldRow& row, int version) {
   keepWithin(row.textCase, 0, 3, 0);
 }
 
-void repairTitle(TitleRow& row, int version) {
+void repairTitle(TitleRow& row, int index, int version) {
+  // Labels of the finished application are known by their index: the next save must not move the others up.
+  if (index <= kLastSystemTitle && row.page >= kPageDeleted) row.page = kPageVacant;
   if (!trim(row.caption).empty()) return;
   row.caption = "This Blank Label Was Found, Just Delete Me";
   row.top = below(kNewestFormat).has(version) ? 20.0f * kTwipsPerPixel : 20.0f;

@@ -26,7 +26,7 @@ inline void minusOneReadsAsOne(std::int16_t& value) {
 
 // version: of the file, 1 to 22; geometry is in twips already.
 void repairField(FieldRow& row, int version);
-void repairTitle(TitleRow& row, int version);
+void repairTitle(TitleRow& row, int index, int version);
 void repairFrame(FieldRow& row, int version);
 void repairFrame(MemoRow& row, int version);
 // Below version 4 the tab position stood in the tag.

@@ -131,7 +131,7 @@ void walkFields(Archive& ar, Document& d) {
 
 template <class Archive, class Document>
 void walkTitles(Archive& ar, Document& d) {
-  ar.rows(d.titles, {.name = "Titles", .first = 1, .limit = kTitleLimit}, notDeleted, [&](auto& row, int) {
+  ar.rows(d.titles, {.name = "Titles", .first = 1, .limit = kTitleLimit}, notDeleted, [&](auto& row, int i) {
     ar.slot(row.alignment, Tag::i2, "Alignment", above(4));
     ar.slot(row.page, Tag::i2, "Page");
     walkVisible(ar, row);
@@ -147,7 +147,7 @@ void walkTitles(Archive& ar, Document& d) {
     ar.text(row.caption, "Caption");
     ar.text(row.tag, "Tag");
     ar.text(row.helpText, "HelpText");
-    ar.afterReading([&](auto version) { repairTitle(row, version); });
+    ar.afterReading([&](auto version) { repairTitle(row, i, version); });
   });
 }
 

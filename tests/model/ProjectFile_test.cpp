@@ -170,6 +170,19 @@ TEST(ProjectFile, DeletedRowsAreDroppedAndTheOthersRenumbered) {
   EXPECT_EQ(d.squares.size(), 5u);  // the open project is as it was
 }
 
+TEST(ProjectFile, LabelsOfTheApplicationKeepTheirNumbers) {
+  MemoryPictures pictures;
+  ProjectDocument d;
+  d.titles[3].page = 77;
+  Bytes bytes = saved(d, pictures);
+  const Bytes odd{2, 0, 77, 0};
+  *(std::search(bytes.begin(), bytes.end(), odd.begin(), odd.end()) + 2) = kPageDeleted;
+  ProjectDocument loaded = readProject(bytes, pictures).document;
+  EXPECT_EQ(loaded.titles[3].page, kPageVacant);
+  loaded = readProject(saved(loaded, pictures), pictures).document;
+  EXPECT_EQ(loaded.titles[5].caption, d.titles[5].caption);
+}
+
 TEST(ProjectFile, ShapeAndFillOfASquareShareTheirSlot) {
   for (std::int16_t shape = 0; shape <= 5; ++shape)
     for (std::int16_t fill = 0; fill <= 7; ++fill) {
@@ -218,6 +231,17 @@ TEST(ProjectFile, PicturesAreNeitherLostNorMixedUp) {
   EXPECT_EQ(extracted.get(loaded.document.pictures[0].picturePath), one);
   EXPECT_EQ(extracted.get(loaded.document.pictures[1].picturePath), two);
   EXPECT_EQ(loaded.document.pictures[2].picturePath, loaded.document.pictures[0].picturePath);
+
+  d.pictures[0].picturePath = *store.put(std::string(300, 'x') + "1.bmp", one);
+  d.pictures[1].picturePath = *store.put(std::string(300, 'x') + "2.bmp", two);
+  MemoryPictures cut;
+  const ProjectDocument longNames = readProject(saved(d, store), cut).document;
+  for (int i = 0; i < 2; ++i) {
+    const std::string& path = longNames.pictures[i].picturePath;
+    EXPECT_LT(path.size(), 100u) << "no disk takes it";
+    EXPECT_EQ(path.substr(path.size() - 4), ".bmp");
+    EXPECT_EQ(cut.get(path), i == 0 ? one : two);
+  }
 }
 
 TEST(ProjectFile, MissingImagesAreToldAndTheirPathsCleared) {
