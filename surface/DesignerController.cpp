@@ -174,6 +174,7 @@ void DesignerController::report(const CreateResult& result) {
   if (!result.ok()) return;
   result_ = text(337, "The application was created.") + " " + result.executable;
   if (!result.notes.empty()) result_ += " (" + result.notes.front() + ")";
+  window_.statusChanged();
 }
 
 std::vector<std::string> DesignerController::status() const {
