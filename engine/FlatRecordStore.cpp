@@ -19,6 +19,9 @@ constexpr std::int64_t kCounterOffset = 9;  // PicCounter, over characters of th
 constexpr std::int64_t kRecLenOffset = 15;
 constexpr int kMaxSegments = 9999;  // four digits in a name
 constexpr int kAppendTries = 1000;
+// Record 1 is never locked. While it is being made, a byte that no segment reaches keeps others from making
+// it as well.
+constexpr std::int64_t kFirstRecordLock = 2'147'483'646;
 
 void putI32(std::span<std::uint8_t> bytes, std::int64_t offset, std::int32_t value) {
   for (int i = 0; i < 4; ++i) {
@@ -87,6 +90,7 @@ Result<void> FlatRecordStore::openSegment(int segment) {
   file_ = std::move(*file);
   openSeg_ = segment;
   locked_ = 0;
+  makingFirst_ = false;
   return {};
 }
 
@@ -178,6 +182,7 @@ Result<void> FlatRecordStore::save(std::int32_t record, const RecordForm& form) 
   if (auto written = file_->write(slot.offset, buffer_); !written) return written.error();
   lastSeg_ = std::max(lastSeg_, slot.segment);
   count_ = std::max(count_, record);
+  if (record == 1) unlockFirst();
   return {};
 }
 
@@ -192,7 +197,20 @@ Result<void> FlatRecordStore::lock(std::int32_t record) {
   return {};
 }
 
+Result<void> FlatRecordStore::lockFirst() {
+  if (auto opened = openSegment(0); !opened) return opened.error();
+  auto locked = file_->lock(kFirstRecordLock, 1);
+  makingFirst_ = locked.ok();
+  return locked;
+}
+
+void FlatRecordStore::unlockFirst() {
+  if (makingFirst_) static_cast<void>(file_->unlock(kFirstRecordLock, 1));
+  makingFirst_ = false;
+}
+
 void FlatRecordStore::unlock(std::int32_t record) {
+  if (record == 1) unlockFirst();
   if (record <= 1 || record != locked_) return;
   locked_ = 0;
   const Slot slot = slotOf(record);
@@ -213,7 +231,7 @@ Result<std::int32_t> FlatRecordStore::append() {
     next = std::max<std::int64_t>(next, static_cast<std::int64_t>(*counted) + 1);
     if (next > maxRecords_) return Error{ErrorKind::full, kRecordLimitText};
     const std::int32_t record = static_cast<std::int32_t>(next);
-    const Result<void> locked = lock(record);
+    const Result<void> locked = record == 1 ? lockFirst() : lock(record);
     if (!locked && locked.error().kind != ErrorKind::locked) return locked.error();
     if (!locked) {
       ++next;

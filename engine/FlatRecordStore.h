@@ -53,6 +53,8 @@ class FlatRecordStore : public RecordStore {
   Slot slotOf(std::int32_t record) const;
   std::string segmentPath(int segment) const;
   Result<void> openSegment(int segment);
+  Result<void> lockFirst();
+  void unlockFirst();
   Result<void> writeHeader(const StoreRequest& request);
   Result<void> readHeader(const StoreRequest& request);
   void findSegments();
@@ -68,6 +70,7 @@ class FlatRecordStore : public RecordStore {
   int lastSeg_ = 0, openSeg_ = -1;
   std::unique_ptr<SharedFile> file_;
   std::int32_t count_ = 0, pictureCounter_ = 0, locked_ = 0;
+  bool makingFirst_ = false;  // the lock on making record 1 is held
   double created_ = 0;
   Bytes buffer_;
 };

@@ -40,9 +40,9 @@ class RecordStore {
   virtual Result<void> lock(std::int32_t record) = 0;
   virtual void unlock(std::int32_t record) = 0;
 
-  // Reserves the next record number and leaves it locked (but for record 1); the record exists once it is
-  // saved. Numbers that another user is just appending are stepped over. Errors: full with kRecordLimitText,
-  // denied, failed.
+  // Reserves the next record number and leaves it locked (record 1 only until it is saved); the record
+  // exists once it is saved. Numbers that another user is just appending are stepped over. Errors: full with
+  // kRecordLimitText, denied, failed.
   virtual Result<std::int32_t> append() = 0;
 
   // The running number from which picture file names are made, kept with the data.
