@@ -61,6 +61,8 @@ class RecordSession {
   RecordStore* store() { return store_.get(); }
   bool readOnly() const { return readOnly_; }
   bool dirty() const { return dirty_; }
+  // The current record was made or erased since the last move, so boxes that lock once take typing.
+  bool newEntry() const { return newEntry_; }
   std::int32_t curRec() const { return curRec_; }
   std::int32_t recCount() const { return store_ ? store_->count() : 0; }
   const DataFile& dataFile() const { return start_.data; }
@@ -184,6 +186,7 @@ class RecordSession {
   void emptyRecord(bool checkDefaults);
   void rememberFocused();
   bool saveIfDirty();
+  bool writeRecord();
   void releaseLock();
   void commitFocus();
 

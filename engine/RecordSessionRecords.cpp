@@ -125,6 +125,14 @@ bool RecordSession::saveIfDirty() { return !dirty_ || saveRecord(); }
 
 bool RecordSession::saveRecord() {
   if (!isOpen() || readOnly_ || curRec_ < 1) return true;
+  if (!writeRecord()) return false;
+  releaseLock();
+  dirty_ = false;
+  view().yieldEvents();
+  return true;
+}
+
+bool RecordSession::writeRecord() {
   commitFocus();
   const auto saved = store_->save(curRec_, form_);
   if (!saved) {
@@ -137,9 +145,6 @@ bool RecordSession::saveRecord() {
     }
     return false;
   }
-  releaseLock();
-  dirty_ = false;
-  view().yieldEvents();
   return true;
 }
 
@@ -184,9 +189,11 @@ bool RecordSession::newRecord() {
   lockedRec_ = curRec_;
   recLocked_ = dirty_ = newEntry_ = true;
   emptyRecord(true);
-  // At once on disk, so that the number is taken.
-  saveRecord();
-  if (!beginEdit()) return false;
+  // At once on disk, so that the number is taken; the lock stays, or another user could take the record in
+  // between.
+  writeRecord();
+  dirty_ = true;
+  view().yieldEvents();
   view().recordShown();
   return true;
 }

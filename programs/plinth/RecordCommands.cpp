@@ -174,9 +174,11 @@ class RecordTool {
     return kDone;
   }
 
-  // A new data file already shows its first record, empty and waiting to be typed into, as a person would find it.
+  // A data file without records already shows its first one, empty and waiting to be typed into, as a person would
+  // find it.
   int add() {
-    if (dataExists_ && !session_->newRecord()) return kFailed;
+    if (session_->readOnly()) return fail("the data is read-only");
+    if (!session_->newEntry() && !session_->newRecord()) return kFailed;
     return typeAndSave();
   }
 

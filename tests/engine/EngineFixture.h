@@ -1,6 +1,7 @@
 // Applications and sessions for the engine's tests: everything in memory, with the payload open to each test.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -71,6 +72,10 @@ inline Payload shopPayload() {
 struct RecordingView : EngineView {
   std::vector<int> fields;
   int records = 0, pastes = 0;
+  std::function<void()> onYield;  // what happens while waiting events run
+  void yieldEvents() override {
+    if (onYield) onYield();
+  }
   void fieldChanged(int n) override { fields.push_back(n); }
   void recordShown() override { ++records; }
   void pasteRequested() override { ++pastes; }

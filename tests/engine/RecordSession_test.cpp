@@ -246,6 +246,18 @@ TEST_F(SessionTest, ARecordInUseIsSteppedOverWithItsMessage) {
   EXPECT_TRUE(b.goToRecord(1));
 }
 
+TEST_F(SessionTest, ANewRecordIsNobodyElsesBeforeItIsTypedInto) {
+  fill(user, 1);
+  User bob(shopPayload(), user.files.disk);
+  ASSERT_TRUE(bob.session->openData(false));
+  bool taken = false;
+  user.view.onYield = [&] { taken = taken || bob.session->goToRecord(2); };
+  s.newbutClick();
+  EXPECT_FALSE(taken);
+  EXPECT_EQ(s.text1(), "2");
+  EXPECT_TRUE(s.dirty());
+}
+
 TEST_F(SessionTest, AFullDiskIsToldAndTheRecordStaysOnScreen) {
   fill(user, 2);
   user.type(1, "precious");

@@ -155,6 +155,19 @@ TEST_F(ToolTest, RecordsAreAddedReadChangedAndErased) {
   EXPECT_EQ(code, 1);
 }
 
+TEST_F(ToolTest, AddMakesTheFirstRecordOnceAndSaysWhyItCannot) {
+  const std::string exe = contacts();
+  EXPECT_EQ(run({"records", exe, "add", "F1=ada"}), "1\n") << errors;
+  // A program that was stopped before it wrote a record leaves the header behind.
+  Bytes& data = disk->find("/out/Contacts/Contacts.dbd")->bytes;
+  data.resize(data.size() / 2);
+  EXPECT_EQ(run({"records", exe, "add", "F1=eve"}), "1\n") << errors;
+  disk->find("/out/Contacts/Contacts.dbd")->readOnly = true;
+  run({"records", exe, "add", "F1=mallory"});
+  EXPECT_EQ(code, 1);
+  EXPECT_NE(errors.find("read-only"), std::string::npos) << errors;
+}
+
 TEST_F(ToolTest, UnknownLabelsChangeNothing) {
   const std::string exe = contacts();
   run({"records", exe, "add", "First_Name=ada"});
