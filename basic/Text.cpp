@@ -66,4 +66,18 @@ bool contains(std::string_view text, std::string_view what) {
   return text.find(what) != std::string_view::npos;
 }
 
+std::string oneLine(std::string_view text) {
+  std::string out;
+  bool controls = false;
+  for (const char c : text) {
+    const bool control = static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+    if (!control)
+      out += c;
+    else if (!controls)
+      out += ' ';
+    controls = control;
+  }
+  return out;
+}
+
 }  // namespace plinth

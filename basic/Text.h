@@ -20,5 +20,8 @@ std::string upperAscii(std::string_view text);
 std::string lowerAscii(std::string_view text);
 bool equalAsciiNoCase(std::string_view a, std::string_view b);
 bool contains(std::string_view text, std::string_view what);
+// For one line of a terminal: each run of control characters is a blank, so that text from a file can neither
+// break the line nor command the terminal.
+std::string oneLine(std::string_view text);
 
 }  // namespace plinth

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "basic/FileName.h"
+#include "basic/Text.h"
 #include "model/Digest.h"
 #include "model/ProjectJson.h"
 #include "model/ProjectWalk.h"
@@ -64,7 +65,7 @@ class Listing {
   }
 
  private:
-  std::string utf8(const std::string& text) const { return toUtf8(text, codePage_); }
+  std::string utf8(const std::string& text) const { return oneLine(toUtf8(text, codePage_)); }
 
   void counts() {
     const auto live = [](const auto& rows, std::size_t first) {

@@ -4,6 +4,7 @@
 #include "basic/CodePage.h"
 #include "basic/FileName.h"
 #include "basic/Json.h"
+#include "basic/Text.h"
 #include "builder/CreateApplication.h"
 #include "model/DerivedTexts.h"
 #include "model/ProjectDescription.h"
@@ -93,7 +94,7 @@ int check(const ToolOptions& options, ToolMachine& machine) {
     for (const std::string& finding : findings) json.text(finding);
     machine.out << json.endArray().endObject().str() << "\n";
   } else {
-    for (const std::string& finding : findings) machine.out << finding << "\n";
+    for (const std::string& finding : findings) machine.out << oneLine(finding) << "\n";
     if (findings.empty()) machine.out << "nothing found\n";
   }
   return findings.empty() ? kDone : kFailed;
@@ -174,7 +175,7 @@ int create(const ToolOptions& options, ToolMachine& machine) {
   if (!compile.bigEnough(document)) return kFailed;
   const CreateResult result = compile.run(document, request);
   for (const std::string& note : result.notes)
-    machine.err << "plinth: " << toUtf8(note, project->codePage) << "\n";
+    machine.err << "plinth: " << oneLine(toUtf8(note, project->codePage)) << "\n";
   if (!result.ok()) {
     return messages.shown() > 0 ? kFailed : fail(machine, "no application was created");
   }

@@ -5,12 +5,13 @@
 #include <string>
 
 #include "basic/CodePage.h"
+#include "basic/Text.h"
 
 namespace plinth {
 
 void ToolMessages::show(std::string_view text, MessageIcon) {
   ++shown_;
-  err_ << "plinth: " << toUtf8(text, codePage_) << "\n";
+  err_ << "plinth: " << oneLine(toUtf8(text, codePage_)) << "\n";
 }
 
 bool ToolMessages::ask(std::string_view, MessageIcon) { return answer_; }

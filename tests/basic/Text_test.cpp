@@ -24,6 +24,7 @@ TEST(Text, TrimsBlanksOnly) {
   EXPECT_EQ(trim("   "), "");
   EXPECT_EQ(trimRight(" a "), " a");
   EXPECT_EQ(trimLeft(" a "), "a ");
+  EXPECT_EQ(oneLine("a\r\n\x1B[2Jb \x7F\xFC"), "a [2Jb  \xFC");
   EXPECT_TRUE(equalAsciiNoCase("aZ\xE4", "Az\xE4"));
   EXPECT_FALSE(equalAsciiNoCase("\xE4", "\xC4"));
   EXPECT_FALSE(equalAsciiNoCase("a", "ab"));
