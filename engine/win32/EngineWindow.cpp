@@ -45,24 +45,29 @@ bool EngineWindow::makeFrame() {
   return create(request);
 }
 
-// The size of the design, but never beyond the screen. A design whose window holds its page still does so below the bars
-// of the application; without a size the page decides.
-SIZE EngineWindow::frameSize() const {
+// The size of the design, but never beyond the screen. A design whose window holds its page still does so below the
+// bars of the application; without a size the page decides. Frame and menu are as large as the system makes them.
+void EngineWindow::sizeFrame() {
   const PayloadApplication& block = application().payload.application;
-  RECT work = {};
+  RECT work = {}, client = {}, frame = {};
   ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-  const SIZE page = page_->size();
-  RECT frame{0, 0, page.cx, page.cy};
-  ::AdjustWindowRectEx(&frame, static_cast<DWORD>(::GetWindowLongW(handle(), GWL_STYLE)), menu_.get() != nullptr, 0);
+  ::GetClientRect(handle(), &client);
+  ::GetWindowRect(handle(), &frame);
   const auto px = [this](float twips) { return static_cast<LONG>(std::lround(twips / kTwipsPerPixel * scale_)); };
+  const SIZE page = page_->size();
+  const LONG bars = std::lround(((toolBar_ ? ToolBar::highUnits() : 0) + (application().pageTabVisible[0] ? kTabHigh : 0)) * scale_);
+  const LONG pageWide = frame.right - frame.left - client.right + page.cx;
+  const LONG pageHigh = frame.bottom - frame.top - client.bottom + page.cy + bars;
   LONG wide = px(block.formWidth), high = px(block.formHeight);
-  const bool tabs = application().pageTabVisible[0];
-  const LONG bars = std::lround(((application().toolBarVisible ? ToolBar::highUnits() : 0) + (tabs ? kTabHigh : 0)) * scale_);
-  const LONG pageWide = frame.right - frame.left, pageHigh = frame.bottom - frame.top + bars;
   if (wide <= 0 || wide >= page.cx) wide = std::max(wide, pageWide);
   if (high <= 0 || high >= page.cy) high = std::max(high, pageHigh);
-  const LONG least = px(kLeastTwips);
-  return {std::clamp(wide, least, work.right - work.left), std::clamp(high, least, work.bottom - work.top)};
+  const LONG least = px(kLeastTwips), roomWide = work.right - work.left, roomHigh = work.bottom - work.top;
+  // A bar for one direction takes room from the other.
+  if (high > roomHigh && wide == pageWide) wide += ::GetSystemMetrics(SM_CXVSCROLL);
+  wide = std::clamp(wide, least, std::max(least, roomWide));
+  high = std::clamp(high, least, std::max(least, roomHigh));
+  ::SetWindowPos(handle(), nullptr, work.left + (roomWide - wide) / 2, work.top + (roomHigh - high) / 2, wide, high,
+                 SWP_NOZORDER);
 }
 
 void EngineWindow::makeTabs() {
@@ -118,11 +123,7 @@ bool EngineWindow::open(RecordSession& session, HWND& owner) {
   ::SetWindowTextW(handle(), toWide(session.windowTitle(), application().codePage).c_str());
   owner = handle();
   makeParts();
-  const SIZE size = frameSize();
-  RECT work = {};
-  ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-  ::SetWindowPos(handle(), nullptr, work.left + (work.right - work.left - size.cx) / 2,
-                 work.top + (work.bottom - work.top - size.cy) / 2, size.cx, size.cy, SWP_NOZORDER);
+  sizeFrame();
   pageShown(session.currentPage());
   ::ShowWindow(handle(), application().maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
   ::UpdateWindow(handle());

@@ -79,7 +79,7 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   void makeTabs();
   void arrange();
   void rescale(double scale);
-  SIZE frameSize() const;
+  void sizeFrame();
   void showTabs();
   void drawTab(const DRAWITEMSTRUCT& item) const;
   void updateWindowState();

@@ -48,21 +48,24 @@ void PageView::setBar(int bar, int size, int room, LONG position) {
   ::SetScrollInfo(handle(), bar, &info, TRUE);
 }
 
-// A bar that appears takes room and may make the other one necessary: so twice.
+// A bar takes room from the other direction: so the room is that of a view without bars, less those that must be.
 void PageView::arrange() {
   if (!page_ || arranging_) return;
   arranging_ = true;
-  RECT room = {};
-  for (int round = 0; round < 2; ++round) {
-    ::GetClientRect(handle(), &room);
-    at_.x = std::clamp<LONG>(at_.x, 0, std::max<LONG>(0, size_.cx - room.right));
-    at_.y = std::clamp<LONG>(at_.y, 0, std::max<LONG>(0, size_.cy - room.bottom));
-    setBar(SB_HORZ, size_.cx, room.right, at_.x);
-    setBar(SB_VERT, size_.cy, room.bottom, at_.y);
-  }
-  ::GetClientRect(handle(), &room);
-  const LONG left = centred_ && room.right > size_.cx ? (room.right - size_.cx) / 2 : -at_.x;
-  const LONG top = centred_ && room.bottom > size_.cy ? (room.bottom - size_.cy) / 2 : -at_.y;
+  RECT outer = {};
+  ::GetWindowRect(handle(), &outer);
+  const int wide = outer.right - outer.left, high = outer.bottom - outer.top;
+  const int barWide = ::GetSystemMetrics(SM_CXVSCROLL), barHigh = ::GetSystemMetrics(SM_CYHSCROLL);
+  bool across = size_.cx > wide;
+  const bool down = size_.cy > high - (across ? barHigh : 0);
+  across = across || size_.cx > wide - (down ? barWide : 0);
+  const int roomWide = wide - (down ? barWide : 0), roomHigh = high - (across ? barHigh : 0);
+  at_.x = std::clamp<LONG>(at_.x, 0, std::max<LONG>(0, size_.cx - roomWide));
+  at_.y = std::clamp<LONG>(at_.y, 0, std::max<LONG>(0, size_.cy - roomHigh));
+  setBar(SB_HORZ, size_.cx, across ? roomWide : size_.cx, at_.x);
+  setBar(SB_VERT, size_.cy, down ? roomHigh : size_.cy, at_.y);
+  const LONG left = centred_ && roomWide > size_.cx ? (roomWide - size_.cx) / 2 : -at_.x;
+  const LONG top = centred_ && roomHigh > size_.cy ? (roomHigh - size_.cy) / 2 : -at_.y;
   ::SetWindowPos(page_, nullptr, left, top, size_.cx, size_.cy, SWP_NOZORDER | SWP_NOACTIVATE);
   arranging_ = false;
 }

@@ -217,6 +217,14 @@ TEST_F(EngineWindows, AsksForItsDataFileAndBeginsInTheFirstBox) {
   EXPECT_EQ(::GetFocus(), control(kFieldId + kName));
   EXPECT_EQ(shown(kRecordBoxId), "1");
   EXPECT_EQ(fieldShown(kDue), "3/15/2023");
+  // The window holds the whole page.
+  SCROLLBARINFO bar = {};
+  bar.cbSize = sizeof bar;
+  const HWND view = ::FindWindowExW(window->handle(), nullptr, L"PlinthPageView", nullptr);
+  for (const LONG which : {OBJID_HSCROLL, OBJID_VSCROLL}) {
+    ASSERT_TRUE(::GetScrollBarInfo(view, which, &bar));
+    EXPECT_NE(bar.rgstate[0] & (STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_OFFSCREEN), 0u);
+  }
 }
 
 TEST_F(EngineWindows, KeepsTypedRecordsThroughMovesAndARestart) {
