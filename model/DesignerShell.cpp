@@ -29,6 +29,29 @@ std::vector<std::string> namesWith(const Files& files, const std::string& folder
   return names;
 }
 
+// Left behind by runs that ended early. A file that stays is written over when its name comes again.
+void emptyPictureFolders(Files& files, const std::string& folder) {
+  std::vector<std::string> folders{folder};
+  for (const std::string& name : files.listFolders(folder))
+    folders.push_back(folder + files.separator() + name);
+  for (const std::string& each : folders)
+    for (const std::string& name : files.list(each)) (void)files.removeFile(each + files.separator() + name);
+}
+
+// A further designer gets a folder of its own: projects of two designers may hold other pictures under one
+// name. A file says that a folder is taken, since it may hold no picture yet.
+std::string ownPictureFolder(Files& files, const std::string& shared) {
+  constexpr int kSecond = 2, kLast = 99;
+  for (int number = kSecond; number <= kLast; ++number) {
+    const std::string folder = shared + std::to_string(number);
+    if (!files.list(folder).empty()) continue;
+    if (!files.makeFolder(folder).ok()) break;
+    const std::string own = folder + files.separator();
+    if (files.write(own + "taken", {}).ok()) return own;
+  }
+  return shared;
+}
+
 }  // namespace
 
 DesignerShell::DesignerShell(DesignerServices services, DesignerView& view)
@@ -62,9 +85,10 @@ bool DesignerShell::makePictureFolder() {
     services_.messages.show("Could not find '" + picTempDir_ + "' Directory", MessageIcon::error);
     return false;
   }
-  // Left behind by a run that ended early. A file that stays is written over when its name comes again.
   if (services_.firstInstance)
-    for (const std::string& name : files.list(folder)) (void)files.removeFile(picTempDir_ + name);
+    emptyPictureFolders(files, folder);
+  else
+    picTempDir_ = ownPictureFolder(files, picTempDir_);
   pictures_ = std::make_unique<DiskPictures>(files, picTempDir_);
   return true;
 }

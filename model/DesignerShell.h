@@ -46,7 +46,7 @@ struct DesignerServices {
   Progress& progress;
   std::string programFolder;           // with trailing separator
   std::function<Bytes()> builtInIcon;  // the icon that the program carries
-  bool firstInstance = true;           // no other designer runs: the temporary pictures may be removed
+  bool firstInstance = true;           // no other designer runs: its temporary pictures may be removed
 };
 
 class DesignerShell {

@@ -49,7 +49,7 @@ class Designer : public testing::Test {
     if (!shell_)
       shell_ =
           std::make_unique<DesignerShell>(DesignerServices{files, messages, chooser, settings, clock,
-                                                           progress, "/p/", [] { return Bytes{9}; }, true},
+                                                           progress, "/p/", [] { return Bytes{9}; }, first},
                                           view);
     return *shell_;
   }
@@ -67,6 +67,7 @@ class Designer : public testing::Test {
   FakeClock clock{45982.5};
   FakeProgress progress;
   FakeDesignerView view;
+  bool first = true;  // no other designer runs
   std::unique_ptr<DesignerShell> shell_;
 };
 
@@ -92,6 +93,30 @@ TEST_F(Designer, FirstStartMakesItsFilesAndShowsTheEmptyProject) {
   ASSERT_TRUE(shell().start(""));
   EXPECT_EQ(shell().languageName(), "Russian");  // remembered
   EXPECT_TRUE(view.offered.empty());
+}
+
+TEST_F(Designer, KeepsItsPicturesApartFromThoseOfAnotherDesigner) {
+  const auto open = [&](char byte) {
+    MemoryPictures pictures;
+    ProjectDocument d;
+    d.pictures.resize(1);
+    d.pictures[0].picturePath = *pictures.put("logo.bmp", Bytes{static_cast<std::uint8_t>(byte)});
+    files.put("/d/a.qvf", writeProject(d, pictures, {}).bytes);
+    ASSERT_TRUE(shell().start("/d/a.qvf"));
+  };
+  open('1');
+  const std::string one = shell().document().pictures[0].picturePath;
+  first = false;
+  for (const char byte : {'2', '3'}) {
+    shell_.reset();
+    open(byte);
+    EXPECT_EQ(files.textOf(shell().document().pictures[0].picturePath), std::string(1, byte));
+    EXPECT_EQ(files.textOf(one), "1");
+  }
+  first = true;
+  shell_.reset();
+  ASSERT_TRUE(shell().start(""));
+  EXPECT_FALSE(files.exists("/tmp/PicTemp/2/logo.bmp") || files.exists("/tmp/PicTemp/3/logo.bmp"));
 }
 
 TEST_F(Designer, StartsFromAFolderThatCannotBeWritten) {
