@@ -91,6 +91,21 @@ bool readable(const RecordSession& session, const BoxRef& box, const std::string
          nothing.text;
 }
 
+// The text as it would be typed, when the box takes it.
+Result<std::string> acceptedText(const RecordSession& session, const BoxRef& box, std::string_view text) {
+  if (box.kind == BoxKind::picture) return refused(box, "pictures are not set by name.");
+  if (box.kind == BoxKind::check && text != "0" && text != "1")
+    return refused(box, "a check box takes 0 or 1.");
+  if (text.size() > static_cast<std::size_t>(roomOf(session.application(), box)))
+    return refused(box, "the text is longer than the " + std::to_string(roomOf(session.application(), box)) +
+                            " characters of the box.");
+  if (box.kind != BoxKind::field) return std::string(text);
+  Result<std::string> typed = typedText(session, box, text);
+  if (typed && !readable(session, box, *typed))
+    return refused(box, "\"" + *typed + "\" is not what the box holds.");
+  return typed;
+}
+
 void typeIntoField(RecordSession& session, int n, const std::string& typed) {
   session.fieldGotFocus(n);
   session.fieldEdited(n, typed);
@@ -146,24 +161,23 @@ std::string boxText(const RecordForm& form, const BoxRef& box) {
   return {};
 }
 
-Result<void> typeIntoBox(RecordSession& session, const BoxRef& box, std::string_view text) {
-  if (box.kind == BoxKind::picture) return refused(box, "pictures are not set by name.");
-  if (boxText(session.form(), box) == text) return {};
+Result<void> acceptsText(const RecordSession& session, const BoxRef& box, std::string_view text) {
+  const Result<std::string> typed = acceptedText(session, box, text);
+  return typed ? Result<void>() : typed.error();
+}
+
+Result<void> mayType(const RecordSession& session, const BoxRef& box, std::string_view text) {
+  if (box.kind != BoxKind::picture && boxText(session.form(), box) == text) return {};
   if (session.readOnly()) return Error{ErrorKind::denied, "The data is read-only."};
-  if (lockedBox(session.form(), box))
+  if (box.kind != BoxKind::picture && lockedBox(session.form(), box))
     return Error{ErrorKind::denied, box.label + " cannot be changed once it was entered."};
-  if (box.kind == BoxKind::check && text != "0" && text != "1")
-    return refused(box, "a check box takes 0 or 1.");
-  if (text.size() > static_cast<std::size_t>(roomOf(session.application(), box)))
-    return refused(box, "the text is longer than the " + std::to_string(roomOf(session.application(), box)) +
-                            " characters of the box.");
-  std::string typed(text);
-  if (box.kind == BoxKind::field) {
-    Result<std::string> filtered = typedText(session, box, text);
-    if (!filtered) return filtered.error();
-    typed = std::move(*filtered);
-    if (!readable(session, box, typed)) return refused(box, "\"" + typed + "\" is not what the box holds.");
-  }
+  return acceptsText(session, box, text);
+}
+
+Result<void> typeIntoBox(RecordSession& session, const BoxRef& box, std::string_view text) {
+  if (const Result<void> may = mayType(session, box, text); !may) return may;
+  if (boxText(session.form(), box) == text) return {};
+  const std::string typed = *acceptedText(session, box, text);
   const std::int32_t record = session.curRec();
   if (!session.beginEdit() || session.curRec() != record)
     return Error{ErrorKind::locked, "Record " + std::to_string(record) + " is in use by another user."};

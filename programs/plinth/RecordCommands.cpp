@@ -30,6 +30,9 @@ class RecordTool {
   int run() {
     if (!start()) return kFailed;
     if (const int code = resolveLabels(); code != kDone) return code;
+    // A record once added stays: none is made for values that no record takes.
+    if (options_.action == RecordAction::add)
+      if (const int code = checkValues(acceptsText); code != kDone) return code;
     if (const int code = open(); code != kDone) return code;
     const int code = act();
     if (!session_->close() && code == kDone) return kFailed;
@@ -194,12 +197,24 @@ class RecordTool {
     return saved();
   }
 
-  int typeAndSave() {
+  // All values or none; `check` is acceptsText or mayType.
+  template <class Check>
+  int checkValues(Check check) {
     for (std::size_t i = 0; i < targets_.size(); ++i) {
-      const Result<void> typed =
-          typeIntoBox(*session_, *targets_[i], fromUtf8(options_.assignments[i].value, codePage_));
+      const Result<void> fits = check(*session_, *targets_[i], valueOf(i));
+      if (!fits) return fail(toUtf8(fits.error().text, codePage_));
+    }
+    return kDone;
+  }
+
+  std::string valueOf(std::size_t i) const { return fromUtf8(options_.assignments[i].value, codePage_); }
+
+  int typeAndSave() {
+    if (const int code = checkValues(mayType); code != kDone) return code;
+    for (std::size_t i = 0; i < targets_.size(); ++i) {
+      const Result<void> typed = typeIntoBox(*session_, *targets_[i], valueOf(i));
       if (!typed) {
-        fail(options_.assignments[i].label + ": " + toUtf8(typed.error().text, codePage_));
+        fail(toUtf8(typed.error().text, codePage_));
         saved();  // what was typed before stays, as it would on a page
         return kFailed;
       }

@@ -168,6 +168,24 @@ TEST_F(ToolTest, AddMakesTheFirstRecordOnceAndSaysWhyItCannot) {
   EXPECT_NE(errors.find("read-only"), std::string::npos) << errors;
 }
 
+TEST_F(ToolTest, ValuesThatDoNotFitChangeNothing) {
+  const std::string exe = contacts();
+  const std::vector<std::string> bad{"First_Name=ada", "Quantity=many"};
+  const auto with = [&](std::vector<std::string> words) {
+    words.insert(words.end(), bad.begin(), bad.end());
+    run(words);
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(errors.find("plinth: Quantity: \"many\""), 0u) << errors;
+  };
+  with({"records", exe, "add"});
+  EXPECT_FALSE(files.exists("/out/Contacts/Contacts.dbd"));
+  run({"records", exe, "add"});
+  with({"records", exe, "add"});
+  with({"records", exe, "set", "1"});
+  EXPECT_EQ(run({"records", exe, "count"}), "1\n");
+  EXPECT_EQ(run({"records", exe, "get", "1"}).find("Ada"), std::string::npos);
+}
+
 TEST_F(ToolTest, UnknownLabelsChangeNothing) {
   const std::string exe = contacts();
   run({"records", exe, "add", "First_Name=ada"});
