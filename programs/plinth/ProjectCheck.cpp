@@ -136,4 +136,14 @@ std::vector<std::string> checkProject(const ProjectDocument& document) {
   return out;
 }
 
+std::vector<std::string> missingPictures(const ProjectDocument& document, const PictureStore& pictures) {
+  Findings out;
+  for (std::size_t n = 0; n < document.pictures.size(); ++n) {
+    const std::string& path = document.pictures[n].picturePath;
+    if (path.empty() || pictures.exists(path)) continue;
+    out.push_back("P" + std::to_string(n) + " shows the picture " + path + ", which is not in the file");
+  }
+  return out;
+}
+
 }  // namespace plinth

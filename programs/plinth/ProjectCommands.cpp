@@ -84,9 +84,10 @@ int check(const ToolOptions& options, ToolMachine& machine) {
   if (!project->load.complete) {
     findings.push_back("damaged: " + std::to_string(project->load.skipped) + " elements could not be read");
   }
-  for (const std::string& finding : checkProject(project->load.document)) {
-    findings.push_back(toUtf8(finding, project->codePage));
-  }
+  std::vector<std::string> found = checkProject(project->load.document);
+  const std::vector<std::string> missing = missingPictures(project->load.document, project->pictures);
+  found.insert(found.end(), missing.begin(), missing.end());
+  for (const std::string& finding : found) findings.push_back(toUtf8(finding, project->codePage));
   if (options.json) {
     JsonWriter json;
     json.beginObject().key("version").whole(project->load.document.formatVersion);
@@ -119,6 +120,9 @@ int convert(const ToolOptions& options, ToolMachine& machine) {
   std::optional<OpenProject> project = openProject(options, machine, englishTexts(machine));
   if (!project) return kFailed;
   tellSkipped(*project, machine);
+  for (const std::string& missing : missingPictures(project->load.document, project->pictures)) {
+    machine.err << "plinth: " << oneLine(toUtf8(missing, project->codePage)) << "; it is left out\n";
+  }
   return save(project->load.document, project->pictures, options.outFile, machine);
 }
 
