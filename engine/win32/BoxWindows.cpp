@@ -312,10 +312,10 @@ bool BoxWindows::focusBoxAt(PointPx point) {
   return false;
 }
 
-RECT BoxWindows::dateButtonOnScreen(int n) const {
-  RECT place = {};
-  ::GetWindowRect(at(dateButtons_, n), &place);
-  return place;
+RECT BoxWindows::dateBoxOnScreen(int n) const {
+  RECT box = device(layout_.field(n).frame);
+  ::MapWindowPoints(page_, nullptr, reinterpret_cast<POINT*>(&box), 2);
+  return box;
 }
 
 }  // namespace plinth

@@ -53,8 +53,8 @@ class BoxWindows {
   // Tells the session that the focused field was left and entered again, so that what was typed counts before a command
   // that moves no focus.
   void commitFocus();
-  // Where the calendar of field n drops down, on the screen.
-  RECT dateButtonOnScreen(int n) const;
+  // The box of field n on the screen, below which its calendar drops down.
+  RECT dateBoxOnScreen(int n) const;
 
  private:
   HWND make(const wchar_t* kind, DWORD style, int id, const std::string& caption = {});

@@ -22,6 +22,7 @@ void CalendarPopup::open(HWND owner, const RECT& below, double serial, std::func
   if (!create(request)) return;
   calendar_ = ::CreateWindowExW(0, MONTHCAL_CLASSW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, handle(), nullptr,
                                 nullptr, nullptr);
+  ::SendMessageW(calendar_, WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
   ::SetWindowSubclass(calendar_, keys, 0, reinterpret_cast<DWORD_PTR>(this));
   if (serial > 0 && isDateSerial(serial)) {
     const CivilTime day = toCivil(serial);
@@ -39,7 +40,7 @@ void CalendarPopup::open(HWND owner, const RECT& below, double serial, std::func
   monitor.cbSize = sizeof monitor;
   ::GetMonitorInfoW(::MonitorFromRect(&below, MONITOR_DEFAULTTONEAREST), &monitor);
   const LONG wide = size.right + 2, high = size.bottom + 2;
-  const LONG left = std::clamp<LONG>(below.right - wide, monitor.rcWork.left, std::max(monitor.rcWork.left, monitor.rcWork.right - wide));
+  const LONG left = std::clamp<LONG>(below.left, monitor.rcWork.left, std::max(monitor.rcWork.left, monitor.rcWork.right - wide));
   const LONG top = below.bottom + high <= monitor.rcWork.bottom ? below.bottom : std::max(monitor.rcWork.top, below.top - high);
   ::SetWindowPos(handle(), HWND_TOP, left, top, wide, high, SWP_SHOWWINDOW);
   ::SetFocus(calendar_);

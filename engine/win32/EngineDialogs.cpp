@@ -191,6 +191,10 @@ class LoginBox : public ModalDialog {
 
 void showAboutBox(HWND owner, const Application& application, Shell& shell) { AboutBox(application, shell).run(owner); }
 
-bool showLoginBox(HWND owner, RecordSession& session) { return LoginBox(session).run(owner) == 1; }
+// The session alone knows who is in: a dialog may end for other reasons, and say anything.
+bool showLoginBox(HWND owner, RecordSession& session) {
+  LoginBox(session).run(owner);
+  return session.loggedIn();
+}
 
 }  // namespace plinth

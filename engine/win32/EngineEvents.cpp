@@ -103,7 +103,7 @@ void EngineWindow::yieldEvents() {
 void EngineWindow::openCalendar(int field) {
   const auto n = static_cast<std::size_t>(field);
   if (!session_->isOpen() || session_->form().fields[n].locked) return;
-  calendar_.open(handle(), boxes_->dateButtonOnScreen(field), session_->form().fields[n].date, [this, field](double day) {
+  calendar_.open(handle(), boxes_->dateBoxOnScreen(field), session_->form().fields[n].date, [this, field](double day) {
     act([&] { session_->fieldDatePicked(field, day); });
   });
 }

@@ -104,19 +104,22 @@ class EngineWindows : public testing::Test {
   void SetUp() override {
     ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     messages.answers = {true};  // make the data file
-    open();
+    ASSERT_TRUE(open());
   }
   void TearDown() override {
     window.reset();
     session.reset();
     ::CoUninitialize();
   }
-  void open() {
+  // False: nobody was let in.
+  bool open() {
     StartUp start;
     start.proceed = true;
     start.application = makeApplication(payload);
     start.form = makeRecordForm(start.application);
     start.names.appPath = folder / "";
+    start.users = initialUsers(start.application);
+    start.loginRequired = loginRequired(start.users);
     start.cfgPath = folder / "shop.cfg";
     start.data = {folder / "", "Shop.dbd", false};
     window = std::make_unique<EngineWindow>(EngineWindowServices{messages, chooser, shell, systemFiles(), decoder});
@@ -124,9 +127,10 @@ class EngineWindows : public testing::Test {
         std::move(start), SessionServices{systemFiles(), messages, clock, englishLocale(), shell,
                                           flatStoreOpener(systemSharedFiles(), systemFiles()), window.get(), nullptr});
     HWND owner = nullptr;
-    ASSERT_TRUE(window->open(*session, owner));
+    if (!window->open(*session, owner)) return false;
     ::SetForegroundWindow(window->handle());
     pump();
+    return true;
   }
   void pump() {
     MSG message;
@@ -255,7 +259,7 @@ TEST_F(EngineWindows, KeepsTypedRecordsThroughMovesAndARestart) {
   ::SendMessageW(window->handle(), WM_CLOSE, 0, 0);  // without leaving the box
   EXPECT_EQ(window->handle(), nullptr);
 
-  open();
+  ASSERT_TRUE(open());
   EXPECT_EQ(fieldShown(kName), "Anna Maria");
   EXPECT_EQ(fieldShown(kTotal), "175.00");
   EXPECT_EQ(shown(kComboId + 1), "Net");
@@ -401,6 +405,45 @@ TEST_F(EngineWindows, ShowsHelpAndActionsOfTheFocusedBox) {
   click(kActionToolId);
   ASSERT_EQ(shell.opened.size(), 1u);
   EXPECT_EQ(shell.opened[0].target, "http://Www.a.org");
+}
+
+// Types each of the passwords into the login as soon as it stands there; then gives up.
+class LoginHands {
+ public:
+  explicit LoginHands(std::vector<std::wstring> passwords) : passwords_(std::move(passwords)) {
+    now_ = this;
+    timer_ = ::SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) { now_->step(); });
+  }
+  ~LoginHands() { ::KillTimer(nullptr, timer_); }
+
+ private:
+  void step() {
+    const HWND dialog = ::FindWindowW(L"#32770", L"Shop");
+    if (!dialog) return;
+    const HWND password = ::FindWindowExW(dialog, nullptr, L"EDIT", nullptr);
+    if (next_ < passwords_.size())
+      ::SetWindowTextW(password, passwords_[next_++].c_str());
+    else
+      ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+  }
+  static inline LoginHands* now_ = nullptr;
+  std::vector<std::wstring> passwords_;
+  std::size_t next_ = 0;
+  UINT_PTR timer_ = 0;
+};
+
+TEST_F(EngineWindows, LetsNobodyInWithoutThePassword) {
+  ::SendMessageW(window->handle(), WM_CLOSE, 0, 0);
+  pump();
+  payload.application.mainPassword = "sesame";
+  {
+    const LoginHands hands({L"", L"Sesame", L"sesame "});
+    EXPECT_FALSE(open());
+    EXPECT_FALSE(session->isOpen());
+  }
+  const LoginHands hands({L"wrong", L"sesame"});
+  ASSERT_TRUE(open());
+  EXPECT_TRUE(session->isOpen());
 }
 
 TEST_F(EngineWindows, PicksADayFromTheCalendar) {
