@@ -120,6 +120,7 @@ Result<void> FlatRecordStore::readHeader(const StoreRequest& request) {
 Result<void> FlatRecordStore::writeHeader(const StoreRequest& request) {
   Bytes header(static_cast<std::size_t>(recLen() - 1));
   const double today = std::floor(request.today);
+  if (header.empty()) return {};  // nothing of this application is stored: record 1 begins the file
   std::memcpy(header.data(), &today, std::min<std::size_t>(8, header.size()));
   putI32(header, kRecLenOffset, recLen());
   if (request.create && header.size() > 8) {

@@ -69,6 +69,18 @@ TEST_F(StoreTest, NewFileHasTheHeaderInFrontOfRecordOne) {
   EXPECT_EQ(store->created(), 45000);
 }
 
+TEST_F(StoreTest, AnApplicationThatStoresNothingStillCounts) {
+  app.payload.fields[1].page = 5;
+  for (int n = 1; n <= 3; ++n) {
+    auto store = open(n == 1);
+    ASSERT_TRUE(store);
+    EXPECT_EQ(store->recLen(), 1);
+    add(*store, "");
+    EXPECT_EQ(store->count(), n);
+    EXPECT_TRUE(store->load(n, form).ok());
+  }
+}
+
 TEST_F(StoreTest, ExistingEmptyFileGetsDateAndLength) {
   files.put(kPath, "");
   auto store = open(false);
