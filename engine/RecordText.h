@@ -29,10 +29,11 @@ const BoxRef* findBox(const std::vector<BoxRef>& boxes, std::string_view labelOr
 // What the box shows; check boxes "1" or "0", pictures the name of their file.
 std::string boxText(const RecordForm& form, const BoxRef& box);
 
-// Whether the box would take the text in some record. Error wrongUsage: a picture, a check box value other than
-// 0 and 1, or text that the box does not take.
+// Whether the box would take the text in some record. Error wrongUsage: a picture, a check box value other
+// than 0 and 1, or text that the box does not take.
 Result<void> acceptsText(const RecordSession& session, const BoxRef& box, std::string_view text);
-// Whether the box would take it in the session's current record. Errors: denied (locked, read-only), wrongUsage.
+// Whether the box would take it in the session's current record. Errors: denied (locked, read-only),
+// wrongUsage.
 Result<void> mayType(const RecordSession& session, const BoxRef& box, std::string_view text);
 // Sets a box of the session's current record as if typed: got focus, text, lost focus, with key filters,
 // lengths, formats and calculated fields. Errors: denied (locked, read-only), wrongUsage (a picture, a check
