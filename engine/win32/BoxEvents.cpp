@@ -1,4 +1,5 @@
-// What the person does in a box, as the session's plain events; and how the boxes that we draw ourselves look.
+// What the person does in a box, as the session's plain events; and how the boxes that we draw ourselves
+// look.
 #include "engine/win32/BoxWindows.h"
 
 #include <commctrl.h>
@@ -28,18 +29,21 @@ LRESULT CALLBACK BoxWindows::subclass(HWND window, UINT message, WPARAM wide, LP
   if (message == WM_NCDESTROY) ::RemoveWindowSubclass(window, subclass, id);
   std::optional<LRESULT> result;
   guarded([&] {
-    result = reinterpret_cast<BoxWindows*>(self)->boxMessage(window, message, wide, param, boxOfId(static_cast<int>(id)));
+    result = reinterpret_cast<BoxWindows*>(self)->boxMessage(window, message, wide, param,
+                                                             boxOfId(static_cast<int>(id)));
   });
   return result ? *result : ::DefSubclassProc(window, message, wide, param);
 }
 
-std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM wide, LPARAM param, BoxId box) {
+std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM wide, LPARAM param,
+                                              BoxId box) {
   switch (message) {
     case WM_KEYDOWN:
       if (keyDown(window, box, static_cast<int>(wide))) return 0;
       break;
     case WM_SYSKEYDOWN:
-      if (box.type == BoxType::field && wide == VK_DOWN && dateButtons_[static_cast<std::size_t>(box.index)]) {
+      if (box.type == BoxType::field && wide == VK_DOWN &&
+          dateButtons_[static_cast<std::size_t>(box.index)]) {
         host_.openCalendar(box.index);
         return 0;
       }
@@ -61,7 +65,8 @@ std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM 
       if (box.type == BoxType::combo && !::SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0))
         return ::SendMessageW(page_, message, wide, param);
       break;
-    default: break;
+    default:
+      break;
   }
   return std::nullopt;
 }
@@ -160,8 +165,11 @@ void BoxWindows::comboNotice(int n, int notice, HWND control) {
 bool BoxWindows::command(int id, int notice, HWND control) {
   const BoxId box = boxOfId(id);
   switch (box.type) {
-    case BoxType::none: return false;
-    case BoxType::combo: comboNotice(box.index, notice, control); return true;
+    case BoxType::none:
+      return false;
+    case BoxType::combo:
+      comboNotice(box.index, notice, control);
+      return true;
     case BoxType::field:
     case BoxType::memo:
       if (notice == EN_SETFOCUS) gotFocus(box, control);
@@ -202,10 +210,14 @@ HBRUSH BoxWindows::colors(HDC dc, HWND control) {
     fore = plainColor(row.foreColor);
     back = plainColor(row.backColor);
   };
-  if (box.type == BoxType::field && box.index <= app().fieldCount()) take(app().field(box.index));
-  else if (box.type == BoxType::combo && box.index <= app().comboCount()) take(app().combo(box.index));
-  else if (box.type == BoxType::memo && box.index <= app().memoCount()) take(app().memo(box.index));
-  else return nullptr;
+  if (box.type == BoxType::field && box.index <= app().fieldCount())
+    take(app().field(box.index));
+  else if (box.type == BoxType::combo && box.index <= app().comboCount())
+    take(app().combo(box.index));
+  else if (box.type == BoxType::memo && box.index <= app().memoCount())
+    take(app().memo(box.index));
+  else
+    return nullptr;
   ::SetTextColor(dc, gdiColor(fore));
   ::SetBkColor(dc, gdiColor(back));
   BrushHandle& brush = brushes_[gdiColor(back)];

@@ -36,7 +36,9 @@ std::string withLineEnds(const std::string& text) {
   return out;
 }
 
-DWORD editAlignment(int alignment) { return alignment == 1 ? ES_RIGHT : alignment == 2 ? ES_CENTER : ES_LEFT; }
+DWORD editAlignment(int alignment) {
+  return alignment == 1 ? ES_RIGHT : alignment == 2 ? ES_CENTER : ES_LEFT;
+}
 
 HWND editOf(HWND combo) { return ::GetWindow(combo, GW_CHILD); }
 
@@ -60,15 +62,16 @@ std::wstring BoxWindows::wide(std::string_view text) const { return toWide(text,
 
 std::string BoxWindows::text(HWND window) const {
   std::wstring buffer(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-  buffer.resize(static_cast<std::size_t>(
-      ::GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()))));
+  buffer.resize(
+      static_cast<std::size_t>(::GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()))));
   return fromWide(buffer, app().codePage);
 }
 
 HWND BoxWindows::make(const wchar_t* kind, DWORD style, int id, const std::string& caption) {
   const HWND window = ::CreateWindowExW(0, kind, wide(caption).c_str(), WS_CHILD | style, 0, 0, 10, 10, page_,
                                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-  if (window) ::SetWindowSubclass(window, subclass, static_cast<UINT_PTR>(id), reinterpret_cast<DWORD_PTR>(this));
+  if (window)
+    ::SetWindowSubclass(window, subclass, static_cast<UINT_PTR>(id), reinterpret_cast<DWORD_PTR>(this));
   return window;
 }
 
@@ -140,7 +143,8 @@ RECT BoxWindows::device(const RectPx& rect) const {
 
 void BoxWindows::moveTo(HWND window, const RectPx& place) const {
   const RECT r = device(place);
-  ::SetWindowPos(window, nullptr, r.left, r.top, r.right - r.left, r.bottom - r.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  ::SetWindowPos(window, nullptr, r.left, r.top, r.right - r.left, r.bottom - r.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void BoxWindows::setFont(HWND window, const PayloadFont& font) {
@@ -148,7 +152,8 @@ void BoxWindows::setFont(HWND window, const PayloadFont& font) {
   ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.get(layout_.font(font), height)), TRUE);
 }
 
-// The line of letters stands in the middle of the box, as the designer shows it; an edit window would put it on top.
+// The line of letters stands in the middle of the box, as the designer shows it; an edit window would put it
+// on top.
 void BoxWindows::placeField(int n) {
   const PayloadField& row = app().field(n);
   RectPx text = layout_.field(n).text;
@@ -167,7 +172,8 @@ void BoxWindows::placeField(int n) {
   ::SendMessageW(at(fields_, n), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(1, 1));
 }
 
-// A combo's height is that of its dropped list; the closed box follows from the height of its line of letters.
+// A combo's height is that of its dropped list; the closed box follows from the height of its line of
+// letters.
 void BoxWindows::placeCombo(int n) {
   const HWND combo = at(combos_, n);
   setFont(combo, app().combo(n).font);
@@ -249,7 +255,8 @@ void BoxWindows::showCombo(int n) {
     const std::wstring shown = wide(box.text);
     const LRESULT row = ::SendMessageW(window, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                        reinterpret_cast<LPARAM>(shown.c_str()));
-    ::SendMessageW(window, CB_SETCURSEL, shown.empty() ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(row), 0);
+    ::SendMessageW(window, CB_SETCURSEL, shown.empty() ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(row),
+                   0);
     ::SetWindowTextW(window, shown.c_str());
   }
   showing_ = before;

@@ -1,5 +1,5 @@
-// The child windows of a page: edit boxes, combos, memos, check boxes and buttons. They show what the record form holds
-// and tell the session what the person does; they decide nothing.
+// The child windows of a page: edit boxes, combos, memos, check boxes and buttons. They show what the record
+// form holds and tell the session what the person does; they decide nothing.
 #pragma once
 
 #include <map>
@@ -50,8 +50,8 @@ class BoxWindows {
   std::vector<HWND> tabStops() const;
   // A press beside the letters but inside a box's frame gives it the focus; false when there is no box.
   bool focusBoxAt(PointPx point);
-  // Tells the session that the focused field was left and entered again, so that what was typed counts before a command
-  // that moves no focus.
+  // Tells the session that the focused field was left and entered again, so that what was typed counts before
+  // a command that moves no focus.
   void commitFocus();
   // The box of field n on the screen, below which its calendar drops down.
   RECT dateBoxOnScreen(int n) const;
@@ -73,7 +73,8 @@ class BoxWindows {
   std::string text(HWND window) const;
 
   // Events (BoxEvents.cpp).
-  static LRESULT CALLBACK subclass(HWND window, UINT message, WPARAM wide, LPARAM param, UINT_PTR id, DWORD_PTR self);
+  static LRESULT CALLBACK subclass(HWND window, UINT message, WPARAM wide, LPARAM param, UINT_PTR id,
+                                   DWORD_PTR self);
   std::optional<LRESULT> boxMessage(HWND window, UINT message, WPARAM wide, LPARAM param, BoxId box);
   bool keyDown(HWND window, BoxId box, int key);
   std::optional<wchar_t> keyPress(HWND window, BoxId box, wchar_t ch);
@@ -88,7 +89,7 @@ class BoxWindows {
   std::vector<HWND> fields_, combos_, memos_, checks_, buttons_, dateButtons_;
   FontCache fonts_;
   std::map<COLORREF, BrushHandle> brushes_;
-  bool showing_ = false;  // texts come from the form: changes are not the person's
+  bool showing_ = false;        // texts come from the form: changes are not the person's
   bool dropCharacter_ = false;  // of the last key
   int shownPage_ = 0;
 };

@@ -20,8 +20,8 @@ void CalendarPopup::open(HWND owner, const RECT& below, double serial, std::func
   request.place = {below.left, below.bottom, below.left + 10, below.bottom + 10};
   request.classStyle = CS_DROPSHADOW;
   if (!create(request)) return;
-  calendar_ = ::CreateWindowExW(0, MONTHCAL_CLASSW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, handle(), nullptr,
-                                nullptr, nullptr);
+  calendar_ = ::CreateWindowExW(0, MONTHCAL_CLASSW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, handle(),
+                                nullptr, nullptr, nullptr);
   ::SendMessageW(calendar_, WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
   ::SetWindowSubclass(calendar_, keys, 0, reinterpret_cast<DWORD_PTR>(this));
   if (serial > 0 && isDateSerial(serial)) {
@@ -40,8 +40,11 @@ void CalendarPopup::open(HWND owner, const RECT& below, double serial, std::func
   monitor.cbSize = sizeof monitor;
   ::GetMonitorInfoW(::MonitorFromRect(&below, MONITOR_DEFAULTTONEAREST), &monitor);
   const LONG wide = size.right + 2, high = size.bottom + 2;
-  const LONG left = std::clamp<LONG>(below.left, monitor.rcWork.left, std::max(monitor.rcWork.left, monitor.rcWork.right - wide));
-  const LONG top = below.bottom + high <= monitor.rcWork.bottom ? below.bottom : std::max(monitor.rcWork.top, below.top - high);
+  const LONG left = std::clamp<LONG>(below.left, monitor.rcWork.left,
+                                     std::max(monitor.rcWork.left, monitor.rcWork.right - wide));
+  const LONG top = below.bottom + high <= monitor.rcWork.bottom
+                       ? below.bottom
+                       : std::max(monitor.rcWork.top, below.top - high);
   ::SetWindowPos(handle(), HWND_TOP, left, top, wide, high, SWP_SHOWWINDOW);
   ::SetFocus(calendar_);
 }
@@ -64,12 +67,15 @@ void CalendarPopup::choose() {
   if (picked) picked(toSerial({day.wYear, day.wMonth, day.wDay, 0, 0, 0}));
 }
 
-LRESULT CALLBACK CalendarPopup::keys(HWND window, UINT message, WPARAM wide, LPARAM param, UINT_PTR, DWORD_PTR self) {
+LRESULT CALLBACK CalendarPopup::keys(HWND window, UINT message, WPARAM wide, LPARAM param, UINT_PTR,
+                                     DWORD_PTR self) {
   auto* popup = reinterpret_cast<CalendarPopup*>(self);
   if (message == WM_KEYDOWN && (wide == VK_ESCAPE || wide == VK_RETURN)) {
     guarded([&] {
-      if (wide == VK_RETURN) popup->choose();
-      else popup->close();
+      if (wide == VK_RETURN)
+        popup->choose();
+      else
+        popup->close();
     });
     return 0;
   }
@@ -80,14 +86,20 @@ LRESULT CalendarPopup::message(UINT message, WPARAM wide, LPARAM param) {
   switch (message) {
     case WM_NOTIFY:
       // Arrow keys move the mark without choosing; only a click chooses.
-      if (reinterpret_cast<const NMHDR*>(param)->code == static_cast<UINT>(MCN_SELECT)) ::PostMessageW(handle(), WM_APP, 0, 0);
+      if (reinterpret_cast<const NMHDR*>(param)->code == static_cast<UINT>(MCN_SELECT))
+        ::PostMessageW(handle(), WM_APP, 0, 0);
       return 0;
-    case WM_APP: choose(); return 0;
+    case WM_APP:
+      choose();
+      return 0;
     case WM_ACTIVATE:
       if (LOWORD(wide) == WA_INACTIVE && !closing_) ::PostMessageW(handle(), WM_CLOSE, 0, 0);
       return 0;
-    case WM_CLOSE: close(); return 0;
-    default: return standard(message, wide, param);
+    case WM_CLOSE:
+      close();
+      return 0;
+    default:
+      return standard(message, wide, param);
   }
 }
 

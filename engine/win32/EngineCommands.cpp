@@ -1,4 +1,5 @@
-// The commands of the menu as rows: what may run when. An entry that has no row yet shows, as the design says, but greyed.
+// The commands of the menu as rows: what may run when. An entry that has no row yet shows, as the design
+// says, but greyed.
 #include "engine/win32/ControlIds.h"
 #include "engine/win32/EngineDialogs.h"
 #include "engine/win32/EngineWindow.h"
@@ -53,8 +54,10 @@ void EngineWindow::makeMenu() {
     if (entry.separatorBefore) ::AppendMenuW(title, MF_SEPARATOR, 0, nullptr);
     ::AppendMenuW(title, MF_STRING, kMenuId + i, caption.c_str());
   }
-  if (any) ::SetMenu(handle(), menu_.get());
-  else menu_.reset();
+  if (any)
+    ::SetMenu(handle(), menu_.get());
+  else
+    menu_.reset();
 }
 
 void EngineWindow::updateMenu() {
@@ -81,8 +84,10 @@ void EngineWindow::command(int id, int notice) {
 void EngineWindow::navigate(int id) {
   act([&] {
     boxes_->commitFocus();
-    if (id == kNewRecordId) session_->newbutClick();
-    else session_->command2Click(id - kNavigationId);
+    if (id == kNewRecordId)
+      session_->newbutClick();
+    else
+      session_->command2Click(id - kNavigationId);
   });
   restoreFocus();
 }
@@ -125,11 +130,14 @@ void EngineWindow::showAbout(const MenuEntry&) { showAboutBox(handle(), applicat
 
 // A program with arguments is told from a document by what follows its ".exe".
 void EngineWindow::runProgram(const MenuEntry& entry) {
-  const std::string& line = application().payload.application.programs[static_cast<std::size_t>(entry.index)].path;
+  const std::string& line =
+      application().payload.application.programs[static_cast<std::size_t>(entry.index)].path;
   const std::size_t end = line.find(".exe ");
   if (line.empty()) return;
-  if (end == std::string::npos) services_.shell.open(line);
-  else services_.shell.open(line.substr(0, end + 4), line.substr(end + 5));
+  if (end == std::string::npos)
+    services_.shell.open(line);
+  else
+    services_.shell.open(line.substr(0, end + 4), line.substr(end + 5));
 }
 
 void EngineWindow::exitProgram(const MenuEntry&) { ::PostMessageW(handle(), WM_CLOSE, 0, 0); }

@@ -1,5 +1,5 @@
-// Dialogs are made from an empty template, so that Tab, Enter and Esc work as everywhere; the controls follow from the
-// texts' sizes.
+// Dialogs are made from an empty template, so that Tab, Enter and Esc work as everywhere; the controls follow
+// from the texts' sizes.
 #include "engine/win32/EngineDialogs.h"
 
 #include <commctrl.h>
@@ -41,14 +41,17 @@ class ModalDialog {
   }
   int px(int units) const { return static_cast<int>(std::lround(units * scale_)); }
   HFONT font(float points, bool bold = false) {
-    const FontSpec spec{application_.payload.header.fontName, points, bold, false, false, application_.charSet};
+    const FontSpec spec{
+        application_.payload.header.fontName, points, bold, false, false, application_.charSet};
     return fonts_.get(spec, std::max(1, static_cast<int>(std::lround(points * 96 / 72 * scale_))));
   }
-  HWND add(const wchar_t* kind, const std::string& text, DWORD style, const RectPx& place, int id, HFONT font) {
-    const HWND control = ::CreateWindowExW(
-        std::wstring_view(kind) == L"EDIT" ? WS_EX_CLIENTEDGE : 0, kind, toWide(text, application_.codePage).c_str(),
-        WS_CHILD | WS_VISIBLE | style, px(place.left), px(place.top), px(place.width), px(place.height), dialog_,
-        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  HWND add(const wchar_t* kind, const std::string& text, DWORD style, const RectPx& place, int id,
+           HFONT font) {
+    const HWND control =
+        ::CreateWindowExW(std::wstring_view(kind) == L"EDIT" ? WS_EX_CLIENTEDGE : 0, kind,
+                          toWide(text, application_.codePage).c_str(), WS_CHILD | WS_VISIBLE | style,
+                          px(place.left), px(place.top), px(place.width), px(place.height), dialog_,
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     return control;
   }
@@ -56,7 +59,8 @@ class ModalDialog {
   SizePx measure(const std::string& text, float points, bool bold = false) {
     const WindowDc dc(dialog_);
     GdiCanvas canvas(dc.get(), scale_, {}, fonts_);
-    return canvas.measure(text, {application_.payload.header.fontName, points, bold, false, false, application_.charSet});
+    return canvas.measure(
+        text, {application_.payload.header.fontName, points, bold, false, false, application_.charSet});
   }
   void resize(int width, int height) {
     RECT frame{0, 0, px(width), px(height)};
@@ -95,10 +99,12 @@ class ModalDialog {
     auto* self = reinterpret_cast<ModalDialog*>(::GetWindowLongPtrW(dialog, DWLP_USER));
     if (!self) return FALSE;
     if (message == WM_COMMAND) {
-      if (LOWORD(wide) == IDCANCEL) ::EndDialog(dialog, 0);
-      else guarded([&] {
-        if (self->command(LOWORD(wide), HIWORD(wide))) ::EndDialog(dialog, 1);
-      });
+      if (LOWORD(wide) == IDCANCEL)
+        ::EndDialog(dialog, 0);
+      else
+        guarded([&] {
+          if (self->command(LOWORD(wide), HIWORD(wide))) ::EndDialog(dialog, 1);
+        });
       return TRUE;
     }
     if (message == WM_NOTIFY) guarded([&] { self->notify(*reinterpret_cast<const NMHDR*>(param)); });
@@ -119,8 +125,10 @@ class AboutBox : public ModalDialog {
     int top = 18;
     const HWND icon = add(L"STATIC", "", SS_ICON, {18, top, 32, 32}, kIconId, font(9));
     ::SendMessageW(icon, STM_SETICON,
-                   reinterpret_cast<WPARAM>(::LoadIconW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1))), 0);
-    add(L"STATIC", application_.title, SS_NOPREFIX, {left, top, wide, title.height}, kTitleId, font(14, true));
+                   reinterpret_cast<WPARAM>(::LoadIconW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1))),
+                   0);
+    add(L"STATIC", application_.title, SS_NOPREFIX, {left, top, wide, title.height}, kTitleId,
+        font(14, true));
     top += title.height + 10;
     if (!copyright.empty()) {
       const int lines = 1 + line.width / wide;
@@ -129,18 +137,20 @@ class AboutBox : public ModalDialog {
       top += high + 8;
     }
     if (!address.empty()) {
-      add(L"SysLink", "<a>" + address + "</a>", WS_TABSTOP, {left, top, wide, line.height + 2}, kAddressId, font(9));
+      add(L"SysLink", "<a>" + address + "</a>", WS_TABSTOP, {left, top, wide, line.height + 2}, kAddressId,
+          font(9));
       top += line.height + 10;
     }
     top = std::max(top, 56) + 8;
-    const HWND ok = add(L"BUTTON", caption(61, "OK"), WS_TABSTOP | BS_DEFPUSHBUTTON, {left + wide - 80, top, 80, 26},
-                        IDOK, font(9));
+    const HWND ok = add(L"BUTTON", caption(61, "OK"), WS_TABSTOP | BS_DEFPUSHBUTTON,
+                        {left + wide - 80, top, 80, 26}, IDOK, font(9));
     resize(left + wide + 18, top + 26 + 14);
     ::SetFocus(ok);
   }
   bool command(int id, int) override { return id == IDOK; }
   void notify(const NMHDR& notice) override {
-    if (notice.idFrom != kAddressId || (notice.code != static_cast<UINT>(NM_CLICK) && notice.code != static_cast<UINT>(NM_RETURN)))
+    if (notice.idFrom != kAddressId ||
+        (notice.code != static_cast<UINT>(NM_CLICK) && notice.code != static_cast<UINT>(NM_RETURN)))
       return;
     const std::string& address = application_.payload.application.webAddress;
     const bool complete = address.find("://") != std::string::npos || address.find('@') != std::string::npos;
@@ -151,7 +161,8 @@ class AboutBox : public ModalDialog {
   Shell& shell_;
 };
 
-// Every key is tried; a wrong password shows nothing. The name, where one is asked for, opens the password box.
+// Every key is tried; a wrong password shows nothing. The name, where one is asked for, opens the password
+// box.
 class LoginBox : public ModalDialog {
  public:
   explicit LoginBox(RecordSession& session) : ModalDialog(session.application()), session_(session) {}
@@ -167,8 +178,8 @@ class LoginBox : public ModalDialog {
       top += 50;
     }
     add(L"STATIC", caption(53, "Password"), 0, {left, top, wide, 18}, -1, font(9));
-    const HWND password =
-        add(L"EDIT", "", WS_TABSTOP | ES_AUTOHSCROLL | ES_PASSWORD, {left, top + 18, wide, step}, kPasswordId, font(9));
+    const HWND password = add(L"EDIT", "", WS_TABSTOP | ES_AUTOHSCROLL | ES_PASSWORD,
+                              {left, top + 18, wide, step}, kPasswordId, font(9));
     top += 56;
     add(L"BUTTON", caption(62, "Cancel"), WS_TABSTOP, {left + wide - 80, top, 80, 26}, IDCANCEL, font(9));
     resize(2 * left + wide, top + 26 + 14);
@@ -178,7 +189,8 @@ class LoginBox : public ModalDialog {
   }
   bool command(int id, int notice) override {
     if (id == kNameId && notice == EN_CHANGE)
-      ::EnableWindow(::GetDlgItem(dialog_, kPasswordId), knownUserName(session_.start().users, textOf(kNameId)));
+      ::EnableWindow(::GetDlgItem(dialog_, kPasswordId),
+                     knownUserName(session_.start().users, textOf(kNameId)));
     if (id != kPasswordId || notice != EN_CHANGE) return false;
     return session_.tryLogin(textOf(kNameId), textOf(kPasswordId));
   }
@@ -189,7 +201,9 @@ class LoginBox : public ModalDialog {
 
 }  // namespace
 
-void showAboutBox(HWND owner, const Application& application, Shell& shell) { AboutBox(application, shell).run(owner); }
+void showAboutBox(HWND owner, const Application& application, Shell& shell) {
+  AboutBox(application, shell).run(owner);
+}
 
 // The session alone knows who is in: a dialog may end for other reasons, and say anything.
 bool showLoginBox(HWND owner, RecordSession& session) {

@@ -1,5 +1,5 @@
-// Between the person and the session: the guard around each event, keys and focus, timers, and what the session tells
-// back.
+// Between the person and the session: the guard around each event, keys and focus, timers, and what the
+// session tells back.
 #include <algorithm>
 
 #include "engine/win32/ControlIds.h"
@@ -31,7 +31,8 @@ void EngineWindow::act(const std::function<void()>& event) {
 }
 
 void EngineWindow::later(std::function<void()> event) {
-  // A message box that opens in the middle of an event takes the focus and gives it back: nobody left the box.
+  // A message box that opens in the middle of an event takes the focus and gives it back: nobody left the
+  // box.
   if (acting_ > 0) return;
   later_.push_back(std::move(event));
   ::PostMessageW(handle(), WM_APP, 0, 0);
@@ -103,16 +104,17 @@ void EngineWindow::yieldEvents() {
 void EngineWindow::openCalendar(int field) {
   const auto n = static_cast<std::size_t>(field);
   if (!session_->isOpen() || session_->form().fields[n].locked) return;
-  calendar_.open(handle(), boxes_->dateBoxOnScreen(field), session_->form().fields[n].date, [this, field](double day) {
-    act([&] { session_->fieldDatePicked(field, day); });
-  });
+  calendar_.open(handle(), boxes_->dateBoxOnScreen(field), session_->form().fields[n].date,
+                 [this, field](double day) { act([&] { session_->fieldDatePicked(field, day); }); });
 }
 
 void EngineWindow::scrollPage(int lines) { view_.scrollBy(0, lines * kScrollLine); }
 
 void EngineWindow::restoreFocus() {
-  if (lastFocus_ && ::IsWindowVisible(lastFocus_) && ::IsWindowEnabled(lastFocus_)) ::SetFocus(lastFocus_);
-  else focusNext(false);
+  if (lastFocus_ && ::IsWindowVisible(lastFocus_) && ::IsWindowEnabled(lastFocus_))
+    ::SetFocus(lastFocus_);
+  else
+    focusNext(false);
 }
 
 // From the focused box to the next one in tab order; to the first where none of them has the focus.
@@ -122,11 +124,14 @@ void EngineWindow::focusNext(bool back) {
   if (stops.empty()) return;
   HWND now = ::GetFocus();
   auto at = std::find(stops.begin(), stops.end(), now);
-  if (at == stops.end() && now) at = std::find(stops.begin(), stops.end(), ::GetParent(now));  // a combo's edit line
+  if (at == stops.end() && now)
+    at = std::find(stops.begin(), stops.end(), ::GetParent(now));  // a combo's edit line
   HWND next = stops.front();
   if (at != stops.end()) {
-    if (back) next = at == stops.begin() ? stops.back() : *(at - 1);
-    else if (at + 1 != stops.end()) next = *(at + 1);
+    if (back)
+      next = at == stops.begin() ? stops.back() : *(at - 1);
+    else if (at + 1 != stops.end())
+      next = *(at + 1);
   }
   ::SetFocus(next);
   view_.reveal(next);
@@ -166,7 +171,8 @@ bool EngineWindow::keyDown(int key) {
 }
 
 bool EngineWindow::preTranslate(const MSG& message) {
-  if (message.message != WM_KEYDOWN || (message.hwnd != handle() && !::IsChild(handle(), message.hwnd))) return false;
+  if (message.message != WM_KEYDOWN || (message.hwnd != handle() && !::IsChild(handle(), message.hwnd)))
+    return false;
   return keyDown(static_cast<int>(message.wParam));
 }
 
@@ -188,8 +194,10 @@ void EngineWindow::tendStopWatch() {
   const bool runs = session_->stopWatchRunning();
   if (runs == stopWatchTimer_) return;
   stopWatchTimer_ = runs;
-  if (runs) ::SetTimer(handle(), kStopWatchTimer, 50, nullptr);
-  else ::KillTimer(handle(), kStopWatchTimer);
+  if (runs)
+    ::SetTimer(handle(), kStopWatchTimer, 50, nullptr);
+  else
+    ::KillTimer(handle(), kStopWatchTimer);
 }
 
 void EngineWindow::timer(UINT_PTR id) {
@@ -205,7 +213,8 @@ bool EngineWindow::mayClose() {
   act([&] {
     boxes_->commitFocus();
     closed = session_->close() ||
-             (services_.messages.ask("The record could not be saved. Close and lose the changes?", MessageIcon::warning) &&
+             (services_.messages.ask("The record could not be saved. Close and lose the changes?",
+                                     MessageIcon::warning) &&
               session_->close(true));
   });
   closing_ = false;

@@ -1,5 +1,5 @@
-// What the parts of the main window ask of it: the session, behind one guard, and the few things that reach beyond a
-// part.
+// What the parts of the main window ask of it: the session, behind one guard, and the few things that reach
+// beyond a part.
 #pragma once
 
 #include <functional>
@@ -14,11 +14,11 @@ class EngineHost {
   virtual ~EngineHost() = default;
   virtual const Application& application() const = 0;
   virtual RecordSession& session() = 0;
-  // Runs an event of the person against the session. Events that come while another is still being handled (a message
-  // box runs its own loop) are dropped; focus changes before it are told first.
+  // Runs an event of the person against the session. Events that come while another is still being handled (a
+  // message box runs its own loop) are dropped; focus changes before it are told first.
   virtual void act(const std::function<void()>& event) = 0;
-  // Runs it when the session is free again, in order. Focus changes go this way: the system must have finished moving
-  // the focus before a message box may open.
+  // Runs it when the session is free again, in order. Focus changes go this way: the system must have
+  // finished moving the focus before a message box may open.
   virtual void later(std::function<void()> event) = 0;
   // Device pixels of one unit of 1/96 inch.
   virtual double scale() const = 0;

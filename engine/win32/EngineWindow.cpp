@@ -45,17 +45,21 @@ bool EngineWindow::makeFrame() {
   return create(request);
 }
 
-// The size of the design, but never beyond the screen. A design whose window holds its page still does so below the
-// bars of the application; without a size the page decides. Frame and menu are as large as the system makes them.
+// The size of the design, but never beyond the screen. A design whose window holds its page still does so
+// below the bars of the application; without a size the page decides. Frame and menu are as large as the
+// system makes them.
 void EngineWindow::sizeFrame() {
   const PayloadApplication& block = application().payload.application;
   RECT work = {}, client = {}, frame = {};
   ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
   ::GetClientRect(handle(), &client);
   ::GetWindowRect(handle(), &frame);
-  const auto px = [this](float twips) { return static_cast<LONG>(std::lround(twips / kTwipsPerPixel * scale_)); };
+  const auto px = [this](float twips) {
+    return static_cast<LONG>(std::lround(twips / kTwipsPerPixel * scale_));
+  };
   const SIZE page = page_->size();
-  const LONG bars = std::lround(((toolBar_ ? ToolBar::highUnits() : 0) + (application().pageTabVisible[0] ? kTabHigh : 0)) * scale_);
+  const LONG bars = std::lround(
+      ((toolBar_ ? ToolBar::highUnits() : 0) + (application().pageTabVisible[0] ? kTabHigh : 0)) * scale_);
   const LONG pageWide = frame.right - frame.left - client.right + page.cx;
   const LONG pageHigh = frame.bottom - frame.top - client.bottom + page.cy + bars;
   LONG wide = px(block.formWidth), high = px(block.formHeight);
@@ -66,8 +70,8 @@ void EngineWindow::sizeFrame() {
   if (high > roomHigh && wide == pageWide) wide += ::GetSystemMetrics(SM_CXVSCROLL);
   wide = std::clamp(wide, least, std::max(least, roomWide));
   high = std::clamp(high, least, std::max(least, roomHigh));
-  ::SetWindowPos(handle(), nullptr, work.left + (roomWide - wide) / 2, work.top + (roomHigh - high) / 2, wide, high,
-                 SWP_NOZORDER);
+  ::SetWindowPos(handle(), nullptr, work.left + (roomWide - wide) / 2, work.top + (roomHigh - high) / 2, wide,
+                 high, SWP_NOZORDER);
 }
 
 void EngineWindow::makeTabs() {
@@ -75,17 +79,17 @@ void EngineWindow::makeTabs() {
   for (int i = 0; i < 5; ++i) {
     const auto n = static_cast<std::size_t>(i);
     if (!app.pageTabVisible[n]) continue;
-    tabs_[n] = ::CreateWindowExW(0, L"BUTTON",
-                                 toWide(app.payload.application.pageCaptions[n], app.codePage).c_str(),
-                                 WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | BS_OWNERDRAW, 0, 0, 10, 10, handle(),
-                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPageTabId + i)), nullptr, nullptr);
+    tabs_[n] =
+        ::CreateWindowExW(0, L"BUTTON", toWide(app.payload.application.pageCaptions[n], app.codePage).c_str(),
+                          WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | BS_OWNERDRAW, 0, 0, 10, 10, handle(),
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPageTabId + i)), nullptr, nullptr);
   }
 }
 
 void EngineWindow::makeParts() {
   const Application& app = application();
-  tips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
-                            handle(), nullptr, nullptr, nullptr);
+  tips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                            0, 0, 0, 0, handle(), nullptr, nullptr, nullptr);
   ::SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, 400);
   layout_ = std::make_unique<PageLayout>(app, [this](std::string_view text, const FontSpec& font) {
     const WindowDc dc(handle());
@@ -106,14 +110,15 @@ void EngineWindow::makeParts() {
   const bool onPage = app.payload.application.frame3Visible;
   if (app.toolBarVisible) {
     toolBar_ = std::make_unique<ToolBar>(
-        host, [this](const MenuEntry& entry) { return mayRun(entry); }, [this](const MenuEntry& entry) { choose(entry); });
+        host, [this](const MenuEntry& entry) { return mayRun(entry); },
+        [this](const MenuEntry& entry) { choose(entry); });
     toolBar_->open(handle());
   }
   if (onPage || toolBar_) panel_->open(onPage ? page_->handle() : toolBar_->handle());
   if (toolBar_ && !onPage) toolBar_->hold(panel_.get());
   if (app.sizable)
-    grip_ = ::CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SBS_SIZEGRIP, 0, 0, 10, 10,
-                              handle(), nullptr, nullptr, nullptr);
+    grip_ = ::CreateWindowExW(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SBS_SIZEGRIP, 0,
+                              0, 10, 10, handle(), nullptr, nullptr, nullptr);
 }
 
 bool EngineWindow::open(RecordSession& session, HWND& owner) {
@@ -213,7 +218,9 @@ void EngineWindow::setToolTip(HWND control, const std::string& text) {
 LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
   if (!page_) return standard(message, wide, param);
   switch (message) {
-    case WM_SIZE: updateWindowState(); return 0;
+    case WM_SIZE:
+      updateWindowState();
+      return 0;
     case WM_GETMINMAXINFO: {
       const LONG least = std::lround(kLeastTwips / kTwipsPerPixel * scale_);
       reinterpret_cast<MINMAXINFO*>(param)->ptMinTrackSize = {least, least};
@@ -221,8 +228,8 @@ LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
     }
     case WM_DPICHANGED: {
       const RECT& place = *reinterpret_cast<const RECT*>(param);
-      ::SetWindowPos(handle(), nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+      ::SetWindowPos(handle(), nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
       rescale(LOWORD(wide) / 96.0);
       return 0;
     }
@@ -233,24 +240,40 @@ LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
       ::FillRect(reinterpret_cast<HDC>(wide), &area, brush.get());
       return 1;
     }
-    case WM_DRAWITEM: drawTab(*reinterpret_cast<const DRAWITEMSTRUCT*>(param)); return TRUE;
-    case WM_COMMAND: command(LOWORD(wide), HIWORD(wide)); return 0;
-    case WM_INITMENUPOPUP: updateMenu(); return 0;
-    case WM_TIMER: timer(wide); return 0;
-    case WM_APP: flushLater(); return 0;
+    case WM_DRAWITEM:
+      drawTab(*reinterpret_cast<const DRAWITEMSTRUCT*>(param));
+      return TRUE;
+    case WM_COMMAND:
+      command(LOWORD(wide), HIWORD(wide));
+      return 0;
+    case WM_INITMENUPOPUP:
+      updateMenu();
+      return 0;
+    case WM_TIMER:
+      timer(wide);
+      return 0;
+    case WM_APP:
+      flushLater();
+      return 0;
     case WM_ACTIVATE:
       if (LOWORD(wide) != WA_INACTIVE) session_->formActivate();
       break;
-    case WM_SETFOCUS: restoreFocus(); return 0;
-    case WM_MOUSEWHEEL: return ::SendMessageW(view_.handle(), message, wide, param);
+    case WM_SETFOCUS:
+      restoreFocus();
+      return 0;
+    case WM_MOUSEWHEEL:
+      return ::SendMessageW(view_.handle(), message, wide, param);
     case WM_CLOSE:
       if (mayClose()) ::DestroyWindow(handle());
       return 0;
     case WM_ENDSESSION:
       if (wide) session_->close(true);
       return 0;
-    case WM_DESTROY: ::PostQuitMessage(0); return 0;
-    default: break;
+    case WM_DESTROY:
+      ::PostQuitMessage(0);
+      return 0;
+    default:
+      break;
   }
   return standard(message, wide, param);
 }

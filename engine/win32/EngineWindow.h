@@ -1,5 +1,5 @@
-// The main window (Form2) of a finished application: menu, tool bar, page tabs and the page. It forwards what the person
-// does to the session and shows what the session tells it.
+// The main window (Form2) of a finished application: menu, tool bar, page tabs and the page. It forwards what
+// the person does to the session and shows what the session tells it.
 #pragma once
 
 #include <array>
@@ -28,13 +28,14 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
  public:
   explicit EngineWindow(const EngineWindowServices& services);
   ~EngineWindow() override;
-  // Makes the window for a session whose view this is, lets somebody log in where that is asked for, opens the data and
-  // shows everything. False: nobody was let in or the window cannot be made. `session` must outlive the window.
-  // `owner` is set to the window as soon as there is one, for dialogs before it.
+  // Makes the window for a session whose view this is, lets somebody log in where that is asked for, opens
+  // the data and shows everything. False: nobody was let in or the window cannot be made. `session` must
+  // outlive the window. `owner` is set to the window as soon as there is one, for dialogs before it.
   bool open(RecordSession& session, HWND& owner);
   // Runs until the window is closed; the program's exit code.
   int run();
-  // One message of the thread's queue: keys that the window takes before its boxes, else its way to its window.
+  // One message of the thread's queue: keys that the window takes before its boxes, else its way to its
+  // window.
   void dispatch(const MSG& message);
 
   // EngineView.

@@ -1,4 +1,5 @@
-// The distances between a box and its frame are those of the designer's page, so that both programs show one picture.
+// The distances between a box and its frame are those of the designer's page, so that both programs show one
+// picture.
 #include "engine/win32/PageLayout.h"
 
 #include <algorithm>
@@ -51,7 +52,7 @@ SizePx PageLayout::pageSize() const {
 }
 
 FontSpec PageLayout::font(const PayloadFont& font) const {
-  return {font.name, std::clamp(font.size, 1.0f, 200.0f), font.bold, font.italic, font.underline,
+  return {font.name,           std::clamp(font.size, 1.0f, 200.0f), font.bold, font.italic, font.underline,
           application_.charSet};
 }
 
@@ -63,7 +64,8 @@ BoxPlace PageLayout::field(int n) const {
 
 BoxPlace PageLayout::combo(int n) const {
   const PayloadCombo& row = application_.combo(n);
-  const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)), lineHeight(row.font) + kComboPadding};
+  const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)),
+                    lineHeight(row.font) + kComboPadding};
   return {text, inflated(text, row.frameStyle < 2 ? 1 : 3), {row.frameStyle, plainColor(row.frameColor)}};
 }
 
@@ -112,7 +114,8 @@ void PageLayout::addShapes(PageItems& items, int page) const {
     const PayloadLine& row = payload.lines[i];
     if (!Application::onPage(row.page, page)) continue;
     add(items, PagePart::line, static_cast<int>(i),
-        LineItem{{px(row.x1), px(row.y1)}, {px(row.x2), px(row.y2)},
+        LineItem{{px(row.x1), px(row.y1)},
+                 {px(row.x2), px(row.y2)},
                  {LineStyle::solid, 1, plainColor(row.borderColor)}});
   }
 }
@@ -136,8 +139,8 @@ void PageLayout::addTitles(PageItems& items, const RecordForm& form, int page) c
     const PayloadTitle& row = application_.titleRow(n);
     if (!Application::onPage(row.page, page)) continue;
     add(items, PagePart::title, n,
-        TitleItem{title(n, form), form.titles[static_cast<std::size_t>(n)], font(row.font), plainColor(row.foreColor),
-                  alignOf(row.alignment)});
+        TitleItem{title(n, form), form.titles[static_cast<std::size_t>(n)], font(row.font),
+                  plainColor(row.foreColor), alignOf(row.alignment)});
   }
 }
 
@@ -158,8 +161,8 @@ void PageLayout::addFree(PageItems& items, const RecordForm& form, int page, Pag
     const VariablePicture& row = form.variablePictures[i];
     if (!row.visible || !Application::onPage(row.page, page)) continue;
     PictureItem item;
-    item.rect = rectOf(static_cast<float>(row.left), static_cast<float>(row.top), static_cast<float>(row.width),
-                       static_cast<float>(row.height));
+    item.rect = rectOf(static_cast<float>(row.left), static_cast<float>(row.top),
+                       static_cast<float>(row.width), static_cast<float>(row.height));
     item.image = pictures.freePicture(row.image);
     item.stretch = true;
     add(items, PagePart::freePicture, static_cast<int>(i), std::move(item));
@@ -167,12 +170,20 @@ void PageLayout::addFree(PageItems& items, const RecordForm& form, int page, Pag
   for (std::size_t i = 0; i < form.labels.size(); ++i) {
     const VariableLabel& row = form.labels[i];
     if (!row.visible || !Application::onPage(row.page, page)) continue;
-    const FontSpec look{application_.payload.header.fontName, static_cast<float>(std::clamp(row.fontSize, 1, 200)),
-                        row.bold, row.italic, row.underline, row.charSet};
+    const FontSpec look{application_.payload.header.fontName,
+                        static_cast<float>(std::clamp(row.fontSize, 1, 200)),
+                        row.bold,
+                        row.italic,
+                        row.underline,
+                        row.charSet};
     const SizePx size = measure_(row.text, look);
     add(items, PagePart::label, static_cast<int>(i),
-        TitleItem{{px(static_cast<float>(row.left)), px(static_cast<float>(row.top)), size.width, size.height}, row.text,
-                  look, plainColor(row.foreColor), TextAlign::left});
+        TitleItem{
+            {px(static_cast<float>(row.left)), px(static_cast<float>(row.top)), size.width, size.height},
+            row.text,
+            look,
+            plainColor(row.foreColor),
+            TextAlign::left});
   }
 }
 

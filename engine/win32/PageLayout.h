@@ -1,5 +1,5 @@
-// Where everything of a page lies, and what of it is painted rather than a window of its own. Units of 1/96 inch from
-// the page's top left corner, as items and canvases have them.
+// Where everything of a page lies, and what of it is painted rather than a window of its own. Units of 1/96
+// inch from the page's top left corner, as items and canvases have them.
 #pragma once
 
 #include <functional>
@@ -37,7 +37,7 @@ class PageLayout {
   PageLayout(const Application& application, Measure measure);
 
   SizePx pageSize() const;
-  BoxPlace field(int n) const;   // of the whole box, calendar button included
+  BoxPlace field(int n) const;  // of the whole box, calendar button included
   BoxPlace combo(int n) const;
   BoxPlace memo(int n) const;
   RectPx dateButton(int n) const;
@@ -47,8 +47,8 @@ class PageLayout {
   FontSpec font(const PayloadFont& font) const;
   int lineHeight(const PayloadFont& font) const { return measure_("Wg", this->font(font)).height; }
 
-  // What is painted on a page (0 to 4), back to front: squares, lines, pictures, titles, frames of boxes, and the free
-  // labels and pictures of the record.
+  // What is painted on a page (0 to 4), back to front: squares, lines, pictures, titles, frames of boxes, and
+  // the free labels and pictures of the record.
   PageItems items(const RecordForm& form, int page, PagePictures& pictures) const;
   // The link title at a point; 0 for none.
   int linkAt(PointPx point, const RecordForm& form, int page) const;

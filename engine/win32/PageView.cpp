@@ -48,7 +48,8 @@ void PageView::setBar(int bar, int size, int room, LONG position) {
   ::SetScrollInfo(handle(), bar, &info, TRUE);
 }
 
-// A bar takes room from the other direction: so the room is that of a view without bars, less those that must be.
+// A bar takes room from the other direction: so the room is that of a view without bars, less those that must
+// be.
 void PageView::arrange() {
   if (!page_ || arranging_) return;
   arranging_ = true;
@@ -87,7 +88,8 @@ void PageView::reveal(HWND control) {
     if (from < kAround) return from - kAround;
     return to + kAround > room ? static_cast<int>(std::min(to + kAround - room, from - kAround)) : 0;
   };
-  const int right = step(place.left, place.right, room.right), down = step(place.top, place.bottom, room.bottom);
+  const int right = step(place.left, place.right, room.right),
+            down = step(place.top, place.bottom, room.bottom);
   if (right != 0 || down != 0) scrollBy(right, down);
 }
 
@@ -98,15 +100,30 @@ void PageView::scroll(int bar, int code) {
   ::GetScrollInfo(handle(), bar, &info);
   LONG& position = bar == SB_HORZ ? at_.x : at_.y;
   switch (code) {
-    case SB_LINEUP: position -= kLine; break;
-    case SB_LINEDOWN: position += kLine; break;
-    case SB_PAGEUP: position -= static_cast<LONG>(info.nPage); break;
-    case SB_PAGEDOWN: position += static_cast<LONG>(info.nPage); break;
+    case SB_LINEUP:
+      position -= kLine;
+      break;
+    case SB_LINEDOWN:
+      position += kLine;
+      break;
+    case SB_PAGEUP:
+      position -= static_cast<LONG>(info.nPage);
+      break;
+    case SB_PAGEDOWN:
+      position += static_cast<LONG>(info.nPage);
+      break;
     case SB_THUMBTRACK:
-    case SB_THUMBPOSITION: position = info.nTrackPos; break;
-    case SB_TOP: position = 0; break;
-    case SB_BOTTOM: position = info.nMax; break;
-    default: return;
+    case SB_THUMBPOSITION:
+      position = info.nTrackPos;
+      break;
+    case SB_TOP:
+      position = 0;
+      break;
+    case SB_BOTTOM:
+      position = info.nMax;
+      break;
+    default:
+      return;
   }
   arrange();
 }
@@ -121,18 +138,28 @@ void PageView::paint() {
 
 LRESULT PageView::message(UINT message, WPARAM wide, LPARAM param) {
   switch (message) {
-    case WM_SIZE: arrange(); return 0;
-    case WM_HSCROLL: scroll(SB_HORZ, LOWORD(wide)); return 0;
-    case WM_VSCROLL: scroll(SB_VERT, LOWORD(wide)); return 0;
+    case WM_SIZE:
+      arrange();
+      return 0;
+    case WM_HSCROLL:
+      scroll(SB_HORZ, LOWORD(wide));
+      return 0;
+    case WM_VSCROLL:
+      scroll(SB_VERT, LOWORD(wide));
+      return 0;
     case WM_MOUSEWHEEL:
       scrollBy(0, -GET_WHEEL_DELTA_WPARAM(wide) * kWheelLines * kLine / WHEEL_DELTA);
       return 0;
     case WM_MOUSEHWHEEL:
       scrollBy(GET_WHEEL_DELTA_WPARAM(wide) * kWheelLines * kLine / WHEEL_DELTA, 0);
       return 0;
-    case WM_ERASEBKGND: return 1;
-    case WM_PAINT: paint(); return 0;
-    default: return standard(message, wide, param);
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      paint();
+      return 0;
+    default:
+      return standard(message, wide, param);
   }
 }
 

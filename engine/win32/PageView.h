@@ -1,5 +1,5 @@
-// The window that shows a part of the page: scroll bars, centring and the colour around. The page itself is one child
-// that moves below it.
+// The window that shows a part of the page: scroll bars, centring and the colour around. The page itself is
+// one child that moves below it.
 #pragma once
 
 #include "engine/win32/Window.h"

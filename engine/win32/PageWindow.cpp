@@ -31,7 +31,8 @@ void PageWindow::paint() {
   const double scale = host_.scale();
   GdiCanvas canvas(buffer.dc(), scale);
   const RECT area = buffer.area();
-  const RectPx clip{static_cast<int>(std::floor(area.left / scale)), static_cast<int>(std::floor(area.top / scale)),
+  const RectPx clip{static_cast<int>(std::floor(area.left / scale)),
+                    static_cast<int>(std::floor(area.top / scale)),
                     static_cast<int>(std::ceil((area.right - area.left) / scale)) + 1,
                     static_cast<int>(std::ceil((area.bottom - area.top) / scale)) + 1};
   const int page = session.currentPage();
@@ -41,7 +42,8 @@ void PageWindow::paint() {
     paintTiles(canvas, *tile, application.payload.application.tileMode, layout_.pageSize(), clip);
   const PageItems items = layout_.items(session.form(), page, pictures_);
   for (const PageItem& item : items)
-    if (item.ref.kind == static_cast<int>(PagePart::title)) titlePlaces_[item.ref.index] = boundsOf(item.shape);
+    if (item.ref.kind == static_cast<int>(PagePart::title))
+      titlePlaces_[item.ref.index] = boundsOf(item.shape);
   paintPage(items, canvas, clip);
 }
 
@@ -49,8 +51,8 @@ void PageWindow::repaintTitle(int n) {
   const auto invalidate = [&](const RectPx& place) {
     const RectPx wide = inflated(place, 2);
     const double scale = host_.scale();
-    const RECT area{std::lround(wide.left * scale), std::lround(wide.top * scale), std::lround(wide.right() * scale),
-                    std::lround(wide.bottom() * scale)};
+    const RECT area{std::lround(wide.left * scale), std::lround(wide.top * scale),
+                    std::lround(wide.right() * scale), std::lround(wide.bottom() * scale)};
     ::InvalidateRect(handle(), &area, FALSE);
   };
   if (!host_.session().visibleNow(host_.application().titleRow(n).page)) return;
@@ -69,7 +71,8 @@ bool PageWindow::pointer() const {
   ::GetCursorPos(&at);
   ::ScreenToClient(handle(), &at);
   const RecordSession& session = host_.session();
-  if (layout_.linkAt(pagePoint(MAKELPARAM(at.x, at.y)), session.form(), session.currentPage()) == 0) return false;
+  if (layout_.linkAt(pagePoint(MAKELPARAM(at.x, at.y)), session.form(), session.currentPage()) == 0)
+    return false;
   constexpr WORD kHand = 32649;
   ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(kHand)));
   return true;
@@ -85,9 +88,14 @@ void PageWindow::press(PointPx point) {
 
 LRESULT PageWindow::message(UINT message, WPARAM wide, LPARAM param) {
   switch (message) {
-    case WM_ERASEBKGND: return 1;
-    case WM_PAINT: paint(); return 0;
-    case WM_LBUTTONDOWN: press(pagePoint(param)); return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      paint();
+      return 0;
+    case WM_LBUTTONDOWN:
+      press(pagePoint(param));
+      return 0;
     case WM_SETCURSOR:
       if (reinterpret_cast<HWND>(wide) == handle() && LOWORD(param) == HTCLIENT && pointer()) return TRUE;
       break;
@@ -104,7 +112,8 @@ LRESULT PageWindow::message(UINT message, WPARAM wide, LPARAM param) {
       if (const HBRUSH brush = boxes_.colors(reinterpret_cast<HDC>(wide), reinterpret_cast<HWND>(param)))
         return reinterpret_cast<LRESULT>(brush);
       break;
-    default: break;
+    default:
+      break;
   }
   return standard(message, wide, param);
 }

@@ -1,4 +1,5 @@
-// Paths come from the session; a file that is missing or no picture counts as none and is not tried again at each paint.
+// Paths come from the session; a file that is missing or no picture counts as none and is not tried again at
+// each paint.
 #include "engine/win32/PictureFiles.h"
 
 namespace plinth {

@@ -1,5 +1,5 @@
-// The decoded pictures of the page: those of the design, those of the record, and the free ones. Files are read once;
-// pictures of records give way when there are many.
+// The decoded pictures of the page: those of the design, those of the record, and the free ones. Files are
+// read once; pictures of records give way when there are many.
 #pragma once
 
 #include <map>

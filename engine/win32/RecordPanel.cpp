@@ -18,8 +18,8 @@ constexpr std::int32_t kFace = 0xF5F5F5;
 struct PanelButton {
   const wchar_t* text;
   ButtonIcon icon;
-  int left;      // units
-  int caption;   // RunCaption of the tool tip
+  int left;     // units
+  int caption;  // RunCaption of the tool tip
   const char* fallback;
 };
 constexpr int kMiddle = 3 * (kButton + kGap), kAfter = kMiddle + kBoxWide + kCountWide + 2 * kGap;
@@ -58,9 +58,9 @@ bool RecordPanel::open(HWND parent) {
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(kNavigationId + i)), nullptr, nullptr);
     host_.setToolTip(button, tip(host_.application(), row.caption, row.fallback));
   }
-  box_ = ::CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_NUMBER | ES_CENTER, 0,
-                           0, 10, 10, handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kRecordBoxId)), nullptr,
-                           nullptr);
+  box_ = ::CreateWindowExW(
+      0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_NUMBER | ES_CENTER, 0, 0, 10, 10,
+      handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kRecordBoxId)), nullptr, nullptr);
   ::SendMessageW(box_, EM_LIMITTEXT, 10, 0);
   host_.setToolTip(box_, tip(host_.application(), 8, ""));
   return box_ != nullptr;
@@ -71,11 +71,14 @@ void RecordPanel::place(int left, int top) {
   const auto px = [scale](int units) { return static_cast<int>(std::lround(units * scale)); };
   ::SetWindowPos(handle(), HWND_TOP, px(left), px(top), px(kWide), px(kHigh), SWP_NOACTIVATE);
   for (std::size_t i = 0; i < kButtons.size(); ++i)
-    ::SetWindowPos(buttons_[i], nullptr, px(kButtons[i].left), 0, px(kButton), px(kHigh), SWP_NOZORDER | SWP_NOACTIVATE);
+    ::SetWindowPos(buttons_[i], nullptr, px(kButtons[i].left), 0, px(kButton), px(kHigh),
+                   SWP_NOZORDER | SWP_NOACTIVATE);
   const int line = px(20);
-  ::SetWindowPos(box_, nullptr, px(kMiddle), (px(kHigh) - line) / 2, px(kBoxWide), line, SWP_NOZORDER | SWP_NOACTIVATE);
+  ::SetWindowPos(box_, nullptr, px(kMiddle), (px(kHigh) - line) / 2, px(kBoxWide), line,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
   ::SendMessageW(box_, WM_SETFONT,
-                 reinterpret_cast<WPARAM>(fonts_.get(kFont, static_cast<int>(std::lround(kFont.points * 96 / 72 * scale)))),
+                 reinterpret_cast<WPARAM>(
+                     fonts_.get(kFont, static_cast<int>(std::lround(kFont.points * 96 / 72 * scale)))),
                  TRUE);
 }
 
@@ -127,17 +130,26 @@ void RecordPanel::paint() {
   GdiCanvas canvas(buffer.dc(), host_.scale());
   canvas.box({0, 0, kWide, kHigh}, {LineStyle::none, 1, 0}, {FillStyle::solid, kFace, false, kFace});
   if (!host_.session().isOpen()) return;
-  canvas.text({kMiddle + kBoxWide + 4, 0, kCountWide - 4, kHigh}, "/ " + std::to_string(host_.session().recCount()), kFont,
-              0x404040, TextAlign::left, false, true);
+  canvas.text({kMiddle + kBoxWide + 4, 0, kCountWide - 4, kHigh},
+              "/ " + std::to_string(host_.session().recCount()), kFont, 0x404040, TextAlign::left, false,
+              true);
 }
 
 LRESULT RecordPanel::message(UINT message, WPARAM wide, LPARAM param) {
   switch (message) {
-    case WM_COMMAND: command(LOWORD(wide), HIWORD(wide)); return 0;
-    case WM_DRAWITEM: drawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(param)); return TRUE;
-    case WM_ERASEBKGND: return 1;
-    case WM_PAINT: paint(); return 0;
-    default: return standard(message, wide, param);
+    case WM_COMMAND:
+      command(LOWORD(wide), HIWORD(wide));
+      return 0;
+    case WM_DRAWITEM:
+      drawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(param));
+      return TRUE;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      paint();
+      return 0;
+    default:
+      return standard(message, wide, param);
   }
 }
 

@@ -1,5 +1,5 @@
-// The record box with the navigation buttons around it and the button for a new record. It stands in the tool bar, or
-// on the page where the design puts it.
+// The record box with the navigation buttons around it and the button for a new record. It stands in the tool
+// bar, or on the page where the design puts it.
 #pragma once
 
 #include <array>

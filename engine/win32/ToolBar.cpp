@@ -18,11 +18,15 @@ struct ToolRow {
   MenuId id;
   ButtonIcon icon;
 };
-constexpr ToolRow kTools[] = {{MenuId::printReport, ButtonIcon::print}, {MenuId::finden0, ButtonIcon::find},
-                              {MenuId::copyadress, ButtonIcon::copy},   {MenuId::pdf, ButtonIcon::document},
+constexpr ToolRow kTools[] = {{MenuId::printReport, ButtonIcon::print},
+                              {MenuId::finden0, ButtonIcon::find},
+                              {MenuId::copyadress, ButtonIcon::copy},
+                              {MenuId::pdf, ButtonIcon::document},
                               {MenuId::infoo, ButtonIcon::help}};
 
-ButtonIcon iconOf(FieldAction action) { return action == FieldAction::mail ? ButtonIcon::mail : ButtonIcon::document; }
+ButtonIcon iconOf(FieldAction action) {
+  return action == FieldAction::mail ? ButtonIcon::mail : ButtonIcon::document;
+}
 
 }  // namespace
 
@@ -43,9 +47,9 @@ bool ToolBar::open(HWND parent) {
 void ToolBar::makeTools() {
   const Application& application = host_.application();
   const auto button = [&](int id, const std::string& text) {
-    const HWND window = ::CreateWindowExW(0, L"BUTTON", toWide(text, application.codePage).c_str(),
-                                          WS_CHILD | BS_OWNERDRAW, 0, 0, 10, 10, handle(),
-                                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    const HWND window = ::CreateWindowExW(
+        0, L"BUTTON", toWide(text, application.codePage).c_str(), WS_CHILD | BS_OWNERDRAW, 0, 0, 10, 10,
+        handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
     host_.setToolTip(window, text);
     return window;
   };
@@ -130,10 +134,16 @@ LRESULT ToolBar::message(UINT message, WPARAM wide, LPARAM param) {
     case WM_COMMAND:
       if (HIWORD(wide) == BN_CLICKED) command(LOWORD(wide));
       return 0;
-    case WM_DRAWITEM: drawTool(*reinterpret_cast<const DRAWITEMSTRUCT*>(param)); return TRUE;
-    case WM_ERASEBKGND: return 1;
-    case WM_PAINT: paint(); return 0;
-    default: return standard(message, wide, param);
+    case WM_DRAWITEM:
+      drawTool(*reinterpret_cast<const DRAWITEMSTRUCT*>(param));
+      return TRUE;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      paint();
+      return 0;
+    default:
+      return standard(message, wide, param);
   }
 }
 

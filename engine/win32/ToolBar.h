@@ -1,5 +1,5 @@
-// The tool bar (Frame1): pictures for menu entries, the record panel, and the tool that opens what the focused field
-// holds.
+// The tool bar (Frame1): pictures for menu entries, the record panel, and the tool that opens what the
+// focused field holds.
 #pragma once
 
 #include <array>
@@ -12,7 +12,8 @@ namespace plinth {
 class ToolBar : public Window {
  public:
   // `runs` tells whether a menu entry may be chosen now, `choose` does it.
-  ToolBar(EngineHost& host, std::function<bool(const MenuEntry&)> runs, std::function<void(const MenuEntry&)> choose)
+  ToolBar(EngineHost& host, std::function<bool(const MenuEntry&)> runs,
+          std::function<void(const MenuEntry&)> choose)
       : host_(host), runs_(std::move(runs)), choose_(std::move(choose)) {}
   bool open(HWND parent);
   // The panel to hold, or nullptr when it stands on the page.

@@ -1,5 +1,5 @@
-// A window of ours: its messages arrive at a method, and nothing that the method throws gets past it into the system,
-// whose frames it could not be thrown through.
+// A window of ours: its messages arrive at a method, and nothing that the method throws gets past it into the
+// system, whose frames it could not be thrown through.
 #pragma once
 
 #include "platform/win32/WindowsApi.h"
@@ -20,8 +20,8 @@ class Window {
     const wchar_t* title = L"";
     DWORD style = 0, extended = 0;
     HWND parent = nullptr;
-    RECT place = {};      // left, top, right, bottom in the parent's client pixels, or on the screen
-    int id = 0;           // of a child
+    RECT place = {};  // left, top, right, bottom in the parent's client pixels, or on the screen
+    int id = 0;       // of a child
     UINT classStyle = 0;
   };
   // False when the system refuses.

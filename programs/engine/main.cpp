@@ -24,12 +24,13 @@ std::string programPath() {
 
 int runApplication(const std::string& commandLine) {
   installSystemCodec();
-  const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES | ICC_BAR_CLASSES |
-                                                           ICC_LINK_CLASS};
+  const INITCOMMONCONTROLSEX controls{
+      sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES | ICC_BAR_CLASSES | ICC_LINK_CLASS};
   ::InitCommonControlsEx(&controls);
   HWND owner = nullptr;
   const DialogOwner ownerOf = [&owner] { return owner; };
-  MessageBoxes early(ownerOf, programNames({programPath(), commandLine, false}, '\\').exeStem, systemCodePage());
+  MessageBoxes early(ownerOf, programNames({programPath(), commandLine, false}, '\\').exeStem,
+                     systemCodePage());
   StartUp start = startUp({programPath(), commandLine, true}, systemFiles(), early);
   if (!start.proceed) return 1;
 

@@ -1,5 +1,5 @@
-// The window of a finished application, driven in its own process by the messages that a person's hands cause: typing,
-// Tab, clicks, keys. Records are real files; boxes that would wait for a person are fakes.
+// The window of a finished application, driven in its own process by the messages that a person's hands
+// cause: typing, Tab, clicks, keys. Records are real files; boxes that would wait for a person are fakes.
 #include "platform/win32/WindowsApi.h"  // before what leans on it
 
 #include <gtest/gtest.h>
@@ -40,8 +40,8 @@ PayloadField field(const char* tag, int kind, int length, float left, float top,
   return row;
 }
 
-// Two pages: name, price, count, due day, total = price x count, a code that is locked once entered; terms, paid and
-// notes; on the second page one more field. A button and a link to the next record on both.
+// Two pages: name, price, count, due day, total = price x count, a code that is locked once entered; terms,
+// paid and notes; on the second page one more field. A button and a link to the next record on both.
 Payload shop() {
   Payload p;
   p.header.title = "Shop";
@@ -92,7 +92,8 @@ Payload shop() {
   p.buttons[0].image = 1;
   PayloadMenus& menus = p.application.menus;
   menus.fmenu = "&File", menus.mlist = "&Open...", menus.newin = "&New...", menus.exitit = "E&xit";
-  menus.ops = "&Edit", menus.pasting = "&Paste", menus.erasefile = "C&lear", menus.finding = "&Search", menus.finden0 = "&Find";
+  menus.ops = "&Edit", menus.pasting = "&Paste", menus.erasefile = "C&lear", menus.finding = "&Search",
+  menus.finden0 = "&Find";
   p.application.guideVisible = true;
   p.application.pageCaptions = {"Goods", "More", "", "", ""};
   p.pageColors = {0xFFFFFF, 0xE0FFE0, 0, 0, 0};
@@ -122,10 +123,12 @@ class EngineWindows : public testing::Test {
     start.loginRequired = loginRequired(start.users);
     start.cfgPath = folder / "shop.cfg";
     start.data = {folder / "", "Shop.dbd", false};
-    window = std::make_unique<EngineWindow>(EngineWindowServices{messages, chooser, shell, systemFiles(), decoder});
+    window = std::make_unique<EngineWindow>(
+        EngineWindowServices{messages, chooser, shell, systemFiles(), decoder});
     session = std::make_unique<RecordSession>(
-        std::move(start), SessionServices{systemFiles(), messages, clock, englishLocale(), shell,
-                                          flatStoreOpener(systemSharedFiles(), systemFiles()), window.get(), nullptr});
+        std::move(start),
+        SessionServices{systemFiles(), messages, clock, englishLocale(), shell,
+                        flatStoreOpener(systemSharedFiles(), systemFiles()), window.get(), nullptr});
     HWND owner = nullptr;
     if (!window->open(*session, owner)) return false;
     ::SetForegroundWindow(window->handle());
@@ -282,7 +285,10 @@ TEST_F(EngineWindows, MovesByEveryWayThereIs) {
       {"back", [&] { click(kNavigationId + 2); }, "10"},
       {"Ctrl+4", [&] { press('4', true); }, "11"},
       {"Ctrl+2", [&] { press('2', true); }, "1"},
-      {"page's link", [&] { ::SendMessageW(::GetParent(control(kFieldId + kName)), WM_LBUTTONDOWN, 0, MAKELPARAM(485, 45)); },
+      {"page's link",
+       [&] {
+         ::SendMessageW(::GetParent(control(kFieldId + kName)), WM_LBUTTONDOWN, 0, MAKELPARAM(485, 45));
+       },
        "2"},
       {"record box",
        [&] {
@@ -330,9 +336,9 @@ TEST_F(EngineWindows, TabVisitsBoxesInTheirOrderAndComesRound) {
     visited.push_back(::GetDlgCtrlID(::IsChild(combo, focus) ? combo : focus));
     press(VK_TAB);
   }
-  EXPECT_EQ(visited, (std::vector<int>{kFieldId + kName, kFieldId + kPrice, kFieldId + kCount, kFieldId + kDue,
-                                       kFieldId + kTotal, kFieldId + kCode, kComboId + 1, kCheckId, kMemoId + 1, kButtonId,
-                                       kRecordBoxId}));
+  EXPECT_EQ(visited, (std::vector<int>{kFieldId + kName, kFieldId + kPrice, kFieldId + kCount,
+                                       kFieldId + kDue, kFieldId + kTotal, kFieldId + kCode, kComboId + 1,
+                                       kCheckId, kMemoId + 1, kButtonId, kRecordBoxId}));
   EXPECT_EQ(::GetFocus(), control(kFieldId + kName));
 }
 
@@ -351,13 +357,50 @@ TEST_F(EngineWindows, RefusesWhatARecordCannotHold) {
   EXPECT_EQ(::GetWindowLongPtrW(control(kFieldId + kName), GWL_STYLE) & ES_READONLY, 0);
 }
 
+TEST_F(EngineWindows, WritesInTheCharacterSetOfTheApplication) {
+  ::SendMessageW(window->handle(), WM_CLOSE, 0, 0);
+  pump();
+  payload.header.charSet = 238;
+  payload.header.title = "Ksi\xB9\xBFka";
+  ASSERT_TRUE(open());
+  wchar_t title[64] = {};
+  ::GetWindowTextW(window->handle(), title, 64);
+  EXPECT_EQ(std::wstring(title), L"Ksi\u0105\u017Cka");
+  typeField(kName, L"\u0142\u00F3d\u017A");
+  EXPECT_EQ(session->form().fields[kName].text, "\xA3\xF3\x64\x9F");  // its first letter in upper case
+  wchar_t text[64] = {};
+  ::GetWindowTextW(control(kFieldId + kName), text, 64);
+  EXPECT_EQ(std::wstring(text), L"\u0141\u00F3d\u017A");
+}
+
+TEST_F(EngineWindows, CarriesTheRecordPanelOnThePageWhereTheDesignPutsIt) {
+  ::SendMessageW(window->handle(), WM_CLOSE, 0, 0);
+  pump();
+  payload.application.guideVisible = false;
+  payload.application.frame3Visible = true;
+  payload.application.frame3Left = 300;
+  payload.application.frame3Top = 4500;
+  ASSERT_TRUE(open());
+  const HWND panel = ::GetParent(control(kRecordBoxId)), page = ::GetParent(control(kFieldId + kName));
+  EXPECT_EQ(::GetParent(panel), page);
+  RECT place = {};
+  ::GetWindowRect(panel, &place);
+  ::MapWindowPoints(nullptr, page, reinterpret_cast<POINT*>(&place), 1);
+  EXPECT_EQ(place.left, 20);
+  EXPECT_EQ(place.top, 300);
+  EXPECT_EQ(::FindWindowExW(window->handle(), nullptr, L"PlinthToolBar", nullptr), nullptr);
+  click(kNewRecordId);
+  EXPECT_EQ(shown(kRecordBoxId), "2");
+  shot("panel");
+}
+
 TEST_F(EngineWindows, LeavesARecordAloneThatAnotherUserEdits) {
   click(kNewRecordId);
   typeField(kName, L"mine");
   click(kNavigationId + 0);
   click(kNavigationId + 5);
-  auto other = FlatRecordStore::open(systemSharedFiles(), systemFiles(), session->application(), englishLocale(),
-                                     {folder / "Shop.dbd", false, false, 0, ""});
+  auto other = FlatRecordStore::open(systemSharedFiles(), systemFiles(), session->application(),
+                                     englishLocale(), {folder / "Shop.dbd", false, false, 0, ""});
   ASSERT_TRUE(other.ok());
   ASSERT_TRUE((*other)->lock(2).ok());
   typeField(kName, L"x");

@@ -1,6 +1,6 @@
-// The whole way as a person goes it, with the real programs: the console tool creates the application of the address
-// book, the application runs on its own, is typed into, closed and started again; the tool reads its records. Everything
-// between these processes goes through windows and files.
+// The whole way as a person goes it, with the real programs: the console tool creates the application of the
+// address book, the application runs on its own, is typed into, closed and started again; the tool reads its
+// records. Everything between these processes goes through windows and files.
 #include "platform/win32/WindowsApi.h"  // before what leans on it
 
 #include <gtest/gtest.h>
@@ -50,15 +50,16 @@ class Process {
       start.hStdError = output;
     }
     PROCESS_INFORMATION started = {};
-    if (::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr, &start,
-                         &started)) {
+    if (::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr, nullptr,
+                         &start, &started)) {
       process_ = KernelHandle(started.hProcess);
       thread_ = KernelHandle(started.hThread);
       id_ = started.dwProcessId;
     }
   }
   ~Process() {
-    if (process_ && ::WaitForSingleObject(process_.get(), 0) == WAIT_TIMEOUT) ::TerminateProcess(process_.get(), 99);
+    if (process_ && ::WaitForSingleObject(process_.get(), 0) == WAIT_TIMEOUT)
+      ::TerminateProcess(process_.get(), 99);
   }
   DWORD id() const { return id_; }
   // Its exit code; -1 when it does not end.
@@ -117,7 +118,8 @@ class Running {
     ::PostMessageW(box, WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
     ::PostMessageW(box, EM_SETSEL, 0, -1);
     // Keys, from which the application's own loop makes the characters.
-    for (const wchar_t ch : text) ::PostMessageW(box, WM_KEYDOWN, static_cast<WPARAM>(::VkKeyScanW(ch) & 0xFF), 1);
+    for (const wchar_t ch : text)
+      ::PostMessageW(box, WM_KEYDOWN, static_cast<WPARAM>(::VkKeyScanW(ch) & 0xFF), 1);
     // The characters queue up behind whatever is posted next.
     EXPECT_TRUE(waitFor([&] { return textOf(box).size() == text.size(); }));
   }
@@ -176,9 +178,10 @@ class Journey : public testing::Test {
     SECURITY_ATTRIBUTES inherit{sizeof inherit, nullptr, TRUE};
     int code = -1;
     {
-      const KernelHandle file(::CreateFileW(output.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit, CREATE_ALWAYS,
-                                            FILE_ATTRIBUTE_NORMAL, nullptr));
-      const Process process(L"\"" + (programs() / "plinth" / "plinth.exe").wstring() + L"\" " + arguments, file.get());
+      const KernelHandle file(::CreateFileW(output.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherit,
+                                            CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+      const Process process(L"\"" + (programs() / "plinth" / "plinth.exe").wstring() + L"\" " + arguments,
+                            file.get());
       code = process.wait();
     }
     std::ostringstream text;
@@ -202,8 +205,8 @@ class Journey : public testing::Test {
 };
 
 // Fields of the address book.
-constexpr int kFirstName = kFieldId + 1, kLastName = kFieldId + 2, kQuantity = kFieldId + 15, kPrice = kFieldId + 16,
-              kTotal = kFieldId + 17;
+constexpr int kFirstName = kFieldId + 1, kLastName = kFieldId + 2, kQuantity = kFieldId + 15,
+              kPrice = kFieldId + 16, kTotal = kFieldId + 17;
 
 TEST_F(Journey, TypesTwoRecordsAndReadsThemBack) {
   {
