@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "basic/Text.h"
 #include "engine/RecordText.h"
+#include "engine/win32/AccessibleNames.h"
 #include "engine/win32/ControlIds.h"
 #include "platform/win32/Win32Text.h"
 #include "widgets/PagePainter.h"
@@ -90,7 +92,7 @@ void BoxWindows::createFields() {
   }
 }
 
-void BoxWindows::createOthers() {
+void BoxWindows::createCombos() {
   combos_.resize(static_cast<std::size_t>(app().comboCount()) + 1);
   for (int n = 1; n <= app().comboCount(); ++n) {
     const PayloadCombo& row = app().combo(n);
@@ -104,6 +106,9 @@ void BoxWindows::createOthers() {
                         reinterpret_cast<DWORD_PTR>(this));
     if (!app().helpInStatusLine) host_.setToolTip(editOf(combo), row.helpText);
   }
+}
+
+void BoxWindows::createMemos() {
   memos_.resize(static_cast<std::size_t>(app().memoCount()) + 1);
   for (int n = 1; n <= app().memoCount(); ++n) {
     const PayloadMemo& row = app().memo(n);
@@ -113,6 +118,9 @@ void BoxWindows::createOthers() {
     ::SendMessageW(memo, EM_LIMITTEXT, static_cast<WPARAM>(row.fieldLength), 0);
     if (!app().helpInStatusLine) host_.setToolTip(memo, row.helpText);
   }
+}
+
+void BoxWindows::createChecks() {
   checks_.resize(static_cast<std::size_t>(app().checkCount() + 1));
   for (int n = 0; n <= app().checkCount(); ++n) {
     const PayloadCheck& row = app().check(n);
@@ -120,6 +128,9 @@ void BoxWindows::createOthers() {
     at(checks_, n) = make(L"BUTTON", WS_TABSTOP | BS_CHECKBOX | BS_NOTIFY, kCheckId + n, row.tag);
     if (!app().helpInStatusLine) host_.setToolTip(at(checks_, n), row.caption);
   }
+}
+
+void BoxWindows::createButtons() {
   buttons_.resize(static_cast<std::size_t>(app().buttonCount() + 1));
   for (int n = 0; n <= app().buttonCount(); ++n) {
     const PayloadButton& row = app().button(n);
@@ -132,8 +143,23 @@ void BoxWindows::createOthers() {
 void BoxWindows::create(HWND page) {
   page_ = page;
   createFields();
-  createOthers();
+  createCombos();
+  createMemos();
+  createChecks();
+  createButtons();
+  nameBoxes();
   place();
+}
+
+// By the labels that searches and exports know them by.
+void BoxWindows::nameBoxes() const {
+  AccessibleNames names;
+  const auto name = [&](HWND window, const std::string& tag) {
+    names.set(window, wide(replaceAll(tag, "_", " ")));
+  };
+  for (int n = 1; n <= app().fieldCount(); ++n) name(at(fields_, n), app().field(n).tag);
+  for (int n = 1; n <= app().comboCount(); ++n) name(at(combos_, n), app().combo(n).tag);
+  for (int n = 1; n <= app().memoCount(); ++n) name(at(memos_, n), app().memo(n).tag);
 }
 
 RECT BoxWindows::device(const RectPx& rect) const {

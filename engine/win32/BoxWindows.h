@@ -59,7 +59,11 @@ class BoxWindows {
  private:
   HWND make(const wchar_t* kind, DWORD style, int id, const std::string& caption = {});
   void createFields();
-  void createOthers();
+  void createCombos();
+  void createMemos();
+  void createChecks();
+  void createButtons();
+  void nameBoxes() const;
   void moveTo(HWND window, const RectPx& place) const;
   void placeField(int n);
   void placeCombo(int n);
