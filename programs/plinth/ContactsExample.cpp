@@ -149,7 +149,7 @@ void contactPage(Layout& at) {
   at.combo("Category", "Category", row(1), {"Customer", "Supplier", "Friend", "Family", "Other"});
   at.labelled("Street", "Street", 0, 60, 0, 2, kWideWidth);
   at.labelled("Zip / City", "Zip", 0, 10, 0, 3, 960);
-  at.field("City", 0, 30, kBoxLeft + 1050, row(3), kBoxWidth - 1050);
+  at.field("City", 0, 30, kBoxLeft + 1125, row(3), kBoxWidth - 1125);
   at.labelled("Country", "Country", 0, 30, 1, 3, kBoxWidth).textCase = 1;
   at.labelled("Phone", "Phone", 0, 24, 0, 4, kBoxWidth);
   FieldRow& email = at.labelled("E-mail", "Email", 0, 60, 1, 4, kBoxWidth);
