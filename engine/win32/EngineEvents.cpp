@@ -81,6 +81,7 @@ void EngineWindow::pageShown(int page) {
   const std::int32_t color = application().payload.pageColors[static_cast<std::size_t>(page)];
   view_.setColor(gdiColor(plainColor(color)));
   view_.setPage(page_->handle(), page_->size());
+  placePageTips();
   showTabs();
 }
 

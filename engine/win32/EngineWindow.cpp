@@ -179,6 +179,7 @@ void EngineWindow::rescale(double scale) {
   if (!page_) return;
   boxes_->place();
   view_.setPage(page_->handle(), page_->size());
+  placePageTips();
   arrange();
   ::RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
@@ -213,6 +214,34 @@ void EngineWindow::setToolTip(HWND control, const std::string& text) {
   ::SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
   tip.lpszText = const_cast<wchar_t*>(shown.c_str());
   if (!text.empty()) ::SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+}
+
+// Titles and pictures are painted, not windows: their tips belong to places on the page.
+void EngineWindow::placePageTips() {
+  TTTOOLINFOW tip = {};
+  tip.cbSize = sizeof tip;
+  tip.uFlags = TTF_SUBCLASS;
+  tip.hwnd = page_->handle();
+  for (; pageTips_ > 0; --pageTips_) {
+    tip.uId = pageTips_;
+    ::SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+  }
+  if (application().helpInStatusLine) return;
+  const auto add = [&](const RectPx& place, const std::string& text) {
+    if (text.empty()) return;
+    const std::wstring shown = toWide(text, application().codePage);
+    const auto px = [this](int units) { return static_cast<LONG>(std::lround(units * scale_)); };
+    tip.uId = ++pageTips_;
+    tip.rect = {px(place.left), px(place.top), px(place.right()), px(place.bottom())};
+    tip.lpszText = const_cast<wchar_t*>(shown.c_str());
+    ::SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+  };
+  for (int n = 0; n <= application().pictureCount(); ++n)
+    if (session_->visibleNow(application().picture(n).page))
+      add(layout_->picture(n), application().picture(n).helpText);
+  for (int n = 1; n <= application().titleCount(); ++n)
+    if (session_->visibleNow(application().titleRow(n).page))
+      add(layout_->title(n, session_->form()), application().titleRow(n).helpText);
 }
 
 LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
@@ -267,7 +296,11 @@ LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
       if (mayClose()) ::DestroyWindow(handle());
       return 0;
     case WM_ENDSESSION:
-      if (wide) session_->close(true);
+      if (wide)
+        act([&] {
+          boxes_->commitFocus();
+          session_->close(true);
+        });
       return 0;
     case WM_DESTROY:
       ::PostQuitMessage(0);

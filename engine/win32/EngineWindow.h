@@ -82,6 +82,7 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   void rescale(double scale);
   void sizeFrame();
   void showTabs();
+  void placePageTips();
   void drawTab(const DRAWITEMSTRUCT& item) const;
   void updateWindowState();
   // Commands (EngineCommands.cpp).
@@ -135,6 +136,7 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   std::deque<std::function<void()>> later_;
   int acting_ = 0;  // events being handled, one inside the other
   double scale_ = 1;
+  UINT_PTR pageTips_ = 0;  // places of the page that have a tip
   bool stopWatchTimer_ = false, closing_ = false;
 };
 

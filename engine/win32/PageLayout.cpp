@@ -94,6 +94,11 @@ RectPx PageLayout::button(int n) const {
   return rectOf(row.left, row.top, row.width, row.height);
 }
 
+RectPx PageLayout::picture(int n) const {
+  const PayloadPicture& row = application_.picture(n);
+  return rectOf(row.left, row.top, row.width, row.height);
+}
+
 RectPx PageLayout::title(int n, const RecordForm& form) const {
   const PayloadTitle& row = application_.titleRow(n);
   const SizePx size = measure_(form.titles[static_cast<std::size_t>(n)], font(row.font));
@@ -125,7 +130,7 @@ void PageLayout::addPictures(PageItems& items, int page, PagePictures& pictures)
     const PayloadPicture& row = application_.picture(n);
     if (!Application::onPage(row.page, page)) continue;
     PictureItem item;
-    item.rect = rectOf(row.left, row.top, row.width, row.height);
+    item.rect = picture(n);
     item.image = row.isData() ? pictures.dataPicture(n) : pictures.fixedPicture(n);
     item.stretch = row.stretch != 0;
     item.border = row.borderStyle;

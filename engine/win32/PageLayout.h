@@ -43,6 +43,7 @@ class PageLayout {
   RectPx dateButton(int n) const;
   RectPx check(int n) const;
   RectPx button(int n) const;
+  RectPx picture(int n) const;
   RectPx title(int n, const RecordForm& form) const;
   FontSpec font(const PayloadFont& font) const;
   int lineHeight(const PayloadFont& font) const { return measure_("Wg", this->font(font)).height; }

@@ -89,7 +89,10 @@ void ToolBar::place(int width) {
 
 void ToolBar::show() {
   for (const Tool& tool : tools_)
-    if (tool.window) ::EnableWindow(tool.window, runs_(*tool.entry));
+    if (tool.window) {
+      ::EnableWindow(tool.window, runs_(*tool.entry));
+      ::InvalidateRect(tool.window, nullptr, FALSE);
+    }
   const FocusTools& focus = host_.session().tools();
   const bool offered = focus.action != FieldAction::none;
   if (offered) host_.setToolTip(action_, focus.actionToolTip);
