@@ -24,13 +24,11 @@ std::size_t findByte(const Bytes& image, std::size_t from, std::size_t to, std::
   return found ? static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - image.data()) : to;
 }
 
-// High bytes count: the table of two-digit numbers that every program writes integers by ("000102...") has
-// the low bytes of a placeholder at every second position.
+// Low bytes alone decide, so that a place is found whatever its high bytes were made by.
 bool matchesAt(const Bytes& image, std::size_t offset, std::string_view searchText) {
   const std::size_t compared = std::min(searchText.size(), kComparedCharacters);
   for (std::size_t k = 0; k < compared; ++k) {
     if (image[offset + 2 * k] != static_cast<std::uint8_t>(searchText[k])) return false;
-    if (image[offset + 2 * k + 1] != 0) return false;
   }
   return true;
 }
@@ -54,8 +52,8 @@ std::size_t number(const Bytes& image, std::size_t offset, std::size_t width) {
 }
 
 // Where the resources of a program lie, as [from, to); the whole image when it is no program that says so. Outside of
-// them the rule for places would also meet the table of digit pairs "00010203..." by which numbers are written as text:
-// every second byte of it reads like the placeholder of the trademarks.
+// them the rules for places would also meet tables by which numbers are written as text: every second byte of the digit
+// pairs "00010203..." reads like the placeholder of the trademarks, and 1/10 in 128 bits is a row of the icon's filler.
 std::pair<std::size_t, std::size_t> resourcePart(const Bytes& image) {
   constexpr std::size_t kSectionRow = 40, kSectionRows = 24;
   const std::size_t header = number(image, 0x3C, 4);
@@ -111,7 +109,6 @@ int stampIcon(Bytes& image, std::span<const std::uint8_t> iconBytes) {
 
 void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileProperties& properties,
                std::string_view appName, int codePage) {
-  stampIcon(stub, iconBytes);
   const struct {
     std::string_view placeholder;
     std::size_t comment;
@@ -122,6 +119,7 @@ void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileP
   };
   const auto [from, to] = resourcePart(stub);
   Bytes part(stub.begin() + static_cast<std::ptrdiff_t>(from), stub.begin() + static_cast<std::ptrdiff_t>(to));
+  stampIcon(part, iconBytes);
   for (const auto& text : versionTexts)
     ReplaceBin(part, text.placeholder, properties.comments[text.comment], codePage);
   if (appName.size() <= kLongestStampedName) {

@@ -13,8 +13,8 @@
 
 namespace plinth {
 
-// Writes `value` as UTF-16LE over every place of `image` that begins with the first 15 characters of
-// `searchText` as UTF-16LE: cut to the length of searchText, filled with zeros. Texts are in `codePage`.
+// Writes `value` as UTF-16LE over every place of `image` where the first 15 characters of `searchText` stand at
+// every second byte, whatever is between them: cut to the length of searchText, filled with zeros. Texts are in `codePage`.
 // Returns the 0-based offset of the last match, -1 for none.
 std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_view value,
                         int codePage = 1252);
@@ -24,7 +24,7 @@ std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_v
 int stampIcon(Bytes& image, std::span<const std::uint8_t> iconBytes);
 
 // Both, in order: icon, the five version texts (ProductName before LegalTrademarks, whose placeholder also
-// occurs inside the former's), and the original file name when it fits. Texts are looked for within the program's
+// occurs inside the former's), and the original file name when it fits. Places are looked for within the program's
 // resources, or everywhere in an image that has none.
 void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileProperties& properties,
                std::string_view appName, int codePage = 1252);
@@ -32,9 +32,7 @@ void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileP
 // Offset of the pixels in a file with one 32x32 image of 16 colours.
 inline constexpr std::size_t kIconPixels = 126;
 inline constexpr std::uint8_t kIconFiller = 0x99;
-// A place is at least as long as the pixels of the smallest icon, 16x16 of 16 colours. Short rows of this
-// byte are numbers of the engine: 1/10 in 128 bits, by which floating point is written as text, holds 14 of
-// them.
-inline constexpr std::size_t kIconFillerRun = 192;
+// So many bytes of filler in a row are a place for pixels.
+inline constexpr std::size_t kIconFillerRun = 11;
 
 }  // namespace plinth
