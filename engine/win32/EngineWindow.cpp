@@ -303,6 +303,7 @@ LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
         });
       return 0;
     case WM_DESTROY:
+      ::SetMenu(handle(), nullptr);  // it is ours, not the window's
       ::PostQuitMessage(0);
       return 0;
     default:

@@ -120,6 +120,7 @@ class EngineWindows : public testing::Test {
     start.names.appPath = folder / "";
     start.users = initialUsers(start.application);
     start.loginRequired = loginRequired(start.users);
+    start.background = background;
     start.cfgPath = folder / "shop.cfg";
     start.data = {folder / "", "Shop.dbd", false};
     window = std::make_unique<EngineWindow>(
@@ -207,6 +208,7 @@ class EngineWindows : public testing::Test {
 
   Payload payload = shop();
   TempFolder folder;
+  std::string background;  // path of the picture behind the page
   FakeMessages messages;
   FakeChooser chooser;
   FakeShell shell;

@@ -119,6 +119,48 @@ TEST_F(EngineWindows, SwitchesPagesWithTheirBoxesAndColours) {
   EXPECT_TRUE(visible(kFieldId + kName));
 }
 
+TEST_F(EngineWindows, TilesThePageAndPaintsItsPicturesAndShapes) {
+  constexpr std::uint32_t kTile = 0xFF123456u, kPicture = 0xFFAB3412u, kSquare = 0xFF00C8FFu;
+  const auto solid = [&](const char* name, int side, std::uint32_t color) {
+    const Pixels pixels{{side, side},
+                        std::vector<std::uint32_t>(static_cast<std::size_t>(side * side), color)};
+    ASSERT_TRUE(savePng(pixels, folder / name));
+  };
+  solid("tile.png", 10, kTile);
+  solid("Shop1.png", 4, kPicture);
+  background = folder / "tile.png";
+  PayloadPicture picture;
+  picture.page = 0;
+  picture.image.storedName = "Shop1.png";
+  picture.left = 6000, picture.top = 3000, picture.width = 750, picture.height = 600;
+  picture.stretch = 1;
+  payload.pictures = {picture};
+  PayloadSquare square;
+  square.page = -1;
+  square.left = 7200, square.top = 3000, square.width = 600, square.height = 600;
+  square.backStyle = 1, square.backColor = 0xFFC800, square.borderColor = 0xFFC800;
+  payload.squares = {square};
+  // How the page is filled, and how many pixels of the tile's colour that leaves at least and at most.
+  const struct {
+    std::int16_t mode;
+    int least, most;
+  } kModes[] = {{0, 150000, 310000}, {1, 4000, 4800}, {2, 5000, 6400}, {3, 0, 0}};
+  for (const auto& one : kModes) {
+    payload.application.tileMode = one.mode;
+    ::SendMessageW(window->handle(), WM_CLOSE, 0, 0);
+    pump();
+    ASSERT_TRUE(open());
+    const Pixels page = windowPixels(::GetParent(control(kFieldId + kName)));
+    const auto count = [&](std::uint32_t color) {
+      return std::count(page.argb.begin(), page.argb.end(), color);
+    };
+    EXPECT_GE(count(kTile), one.least) << one.mode;
+    EXPECT_LE(count(kTile), one.most) << one.mode;
+    EXPECT_EQ(count(kPicture), 50 * 40) << one.mode;
+    EXPECT_EQ(count(kSquare), 40 * 40) << one.mode;
+  }
+}
+
 TEST_F(EngineWindows, TabVisitsBoxesInTheirOrderAndComesRound) {
   std::vector<int> visited;
   for (int i = 0; i < 11; ++i) {
