@@ -193,6 +193,13 @@ bool BoxWindows::command(int id, int notice, HWND control) {
   return false;
 }
 
+void BoxWindows::announceFocus() {
+  const HWND focus = ::GetFocus();
+  if (!focus || !::IsChild(page_, focus)) return;
+  const HWND control = ::GetParent(focus) == page_ ? focus : ::GetParent(focus);
+  gotFocus(boxOfId(::GetDlgCtrlID(control)), control);
+}
+
 void BoxWindows::commitFocus() {
   const HWND focus = ::GetFocus();
   const BoxId box = focus && ::GetParent(focus) == page_ ? boxOfId(::GetDlgCtrlID(focus)) : BoxId{};

@@ -50,6 +50,8 @@ class BoxWindows {
   std::vector<HWND> tabStops() const;
   // A press beside the letters but inside a box's frame gives it the focus; false when there is no box.
   bool focusBoxAt(PointPx point);
+  // Tells the session which box has the focus, where it came there unheard: behind a message box, say.
+  void announceFocus();
   // Tells the session that the focused field was left and entered again, so that what was typed counts before
   // a command that moves no focus.
   void commitFocus();

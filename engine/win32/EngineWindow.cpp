@@ -136,6 +136,7 @@ bool EngineWindow::open(RecordSession& session, HWND& owner) {
   databaseChanged();
   ::SetTimer(handle(), kClockTimer, 1000, nullptr);
   restoreFocus();
+  boxes_->announceFocus();
   return true;
 }
 

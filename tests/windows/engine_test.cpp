@@ -13,6 +13,7 @@ TEST_F(EngineWindows, AsksForItsDataFileAndBeginsInTheFirstBox) {
   EXPECT_TRUE(messages.shown[0].question);
   EXPECT_NE(messages.shown[0].text.find("Shop.dbd"), std::string::npos);
   EXPECT_EQ(::GetFocus(), control(kFieldId + kName));
+  EXPECT_EQ(session->form().titles[1], "Help for Name");
   EXPECT_EQ(shown(kRecordBoxId), "1");
   EXPECT_EQ(fieldShown(kDue), "3/15/2023");
   // The window holds the whole page.
