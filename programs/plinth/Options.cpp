@@ -19,7 +19,7 @@ constexpr CommandRow kCommands[] = {
      "Lists the pages, objects and reports of a project. --json prints every element of the file.\n"},
     {"check", Command::check,
      "usage: plinth check FILE [--json]\n"
-     "Loads a project and lists what is damaged, missing or refers to nothing. Exit 0: nothing found.\n"},
+     "Loads a project and lists what is damaged, missing or refers to nothing. Exit 1: damaged.\n"},
     {"convert", Command::convert,
      "usage: plinth convert IN OUT\n"
      "Reads a project of any version and writes it in the current one.\n"},

@@ -79,6 +79,9 @@ TEST_F(ToolTest, CheckNamesWhatRefersToNothing) {
   bytes.replace(at, 7, "F15*F99");
   files.put("a.qvf", bytes);
   EXPECT_EQ(run({"check", "a.qvf"}), "the formula of F17 refers to F99, which does not exist\n");
+  EXPECT_EQ(code, 0);
+  files.put("a.qvf", bytes.substr(0, bytes.size() / 2));
+  EXPECT_NE(run({"check", "a.qvf"}).find("damaged"), std::string::npos);
   EXPECT_EQ(code, 1);
 }
 
