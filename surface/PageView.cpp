@@ -6,24 +6,14 @@
 #include <optional>
 
 #include "model/PaperSize.h"
+#include "widgets/PagePlaces.h"
 
 namespace plinth {
 
 namespace {
 
-constexpr int kFieldInset = 3, kCheckSize = 13, kComboPadding = 5, kNearLine = 3;
-constexpr int kLeastPage = 32, kMostPage = 20000;
+constexpr int kNearLine = 3;
 constexpr int kHelpBar = 1, kFirstShownTitle = 1;
-
-// Coordinates come from files: anything may stand there, but no page reaches further than this.
-int px(float twips) {
-  constexpr float kReach = 30000.0f * kTwipsPerPixel;
-  return std::isfinite(twips) ? twipsToPixels(std::clamp(twips, -kReach, kReach)) : 0;
-}
-
-RectPx rectOf(float left, float top, float width, float height) {
-  return {px(left), px(top), std::max(0, px(width)), std::max(0, px(height))};
-}
 
 float points(float size) { return std::isfinite(size) ? std::clamp(size, 1.0f, 200.0f) : 8.25f; }
 
@@ -69,21 +59,24 @@ struct Builder {
   }
 
   ItemShape square(const SquareRow& row) const {
-    return SquareItem{rectOf(row.left, row.top, row.width, row.height), shapeFormOf(row.shapeType),
+    return SquareItem{placePx(row.left, row.top, row.width, row.height), shapeFormOf(row.shapeType),
                       squarePen(row.borderStyle, row.borderWidth, row.borderColor),
                       squareBrush(row.backStyle, row.backColor, row.fillStyle, row.fillColor)};
   }
   ItemShape line(const LineRow& row) const {
-    return LineItem{{px(row.x1), px(row.y1)},
-                    {px(row.x2), px(row.y2)},
+    return LineItem{{placePx(row.x1), placePx(row.y1)},
+                    {placePx(row.x2), placePx(row.y2)},
                     {LineStyle::solid, 1, plainColor(row.borderColor)}};
   }
   ItemShape picture(const PictureRow& row) const {
     std::shared_ptr<Image> image = images.at(row.picturePath);
     if (!image && row.picFlag) image = images.at(document.defaultImagePath);
-    return PictureItem{
-        rectOf(row.left, row.top, row.width, row.height), image,       row.pictureMode != 0, row.picBorder,
-        row.picFlag || row.picturePath.empty(),           row.picField};
+    return PictureItem{placePx(row.left, row.top, row.width, row.height),
+                       image,
+                       row.pictureMode != 0,
+                       row.picBorder,
+                       row.picFlag || row.picturePath.empty(),
+                       row.picField};
   }
   ItemShape title(const TitleRow& row) const {
     TitleItem item{{},
@@ -92,12 +85,12 @@ struct Builder {
                    plainColor(row.foreColor),
                    alignOf(row.alignment)};
     const SizePx size = measure(item.text, item.font);
-    item.rect = {px(row.left), px(row.top), size.width, size.height};
+    item.rect = {placePx(row.left), placePx(row.top), size.width, size.height};
     return item;
   }
   ItemShape field(const FieldRow& row) const {
-    const RectPx text = rectOf(row.left, row.top, row.width, row.height);
-    return BoxItem{inflated(text, kFieldInset),
+    const RectPx text = placePx(row.left, row.top, row.width, row.height);
+    return BoxItem{fieldFrame(text),
                    text,
                    {row.frameStyle, plainColor(row.frameColor)},
                    row.defaultText,
@@ -108,8 +101,9 @@ struct Builder {
   }
   ItemShape combo(const ComboRow& row) const {
     const FontSpec font = fontOf(row, document.charSet);
-    const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)), comboHeight(row.fontSize)};
-    return ComboItem{inflated(text, row.frameStyle < 2 ? 1 : 3),
+    const RectPx text{placePx(row.left), placePx(row.top), std::max(0, placePx(row.width)),
+                      comboHeight(row.fontSize)};
+    return ComboItem{comboFrame(text, row.frameStyle),
                      text,
                      {row.frameStyle, plainColor(row.frameColor)},
                      "",
@@ -118,10 +112,8 @@ struct Builder {
                      plainColor(row.backColor)};
   }
   ItemShape memo(const MemoRow& row) const {
-    const RectPx text = rectOf(row.left, row.top, row.width, row.height);
-    RectPx frame = inflated(text, row.frameStyle == 2 ? 2 : 3);
-    if (row.frameStyle < 2) frame = {text.left - 3, text.top - 1, text.width + 4, text.height + 2};
-    return BoxItem{frame,
+    const RectPx text = placePx(row.left, row.top, row.width, row.height);
+    return BoxItem{memoFrame(text, row.frameStyle),
                    text,
                    {row.frameStyle, plainColor(row.frameColor)},
                    "",
@@ -132,10 +124,11 @@ struct Builder {
                    true};
   }
   ItemShape check(const CheckRow& row) const {
-    return CheckItem{{px(row.left), px(row.top), kCheckSize, kCheckSize}, false, row.appearance != 0};
+    return CheckItem{
+        {placePx(row.left), placePx(row.top), kCheckBoxSize, kCheckBoxSize}, false, row.appearance != 0};
   }
   ItemShape button(const ButtonRow& row) const {
-    return ButtonItem{rectOf(row.left, row.top, row.width, row.height),
+    return ButtonItem{placePx(row.left, row.top, row.width, row.height),
                       row.caption,
                       underlinedFontOf(row, document.charSet),
                       plainColor(row.foreColor),
@@ -143,7 +136,7 @@ struct Builder {
                       buttonIconOf(row.buttonIcon)};
   }
   ItemShape script(const ScriptRow& row) const {
-    return ScriptItem{rectOf(row.left, row.top, row.width, row.height), row.tag};
+    return ScriptItem{placePx(row.left, row.top, row.width, row.height), row.tag};
   }
 };
 
@@ -219,9 +212,8 @@ PageItems pageItems(const ProjectDocument& document, int page, PageImages& image
 
 SizePx pageSizePx(const ProjectDocument& document) {
   const std::optional<PaperSize> paper = paperSize(document.pageSizeCode, document.pageSize20);
-  const auto sane = [](float twips) { return std::clamp(px(twips), kLeastPage, kMostPage); };
-  if (paper) return {sane(paper->width), sane(paper->height)};
-  return {sane(document.pageWidth), sane(document.pageHeight)};
+  if (paper) return {pageSidePx(paper->width), pageSidePx(paper->height)};
+  return {pageSidePx(document.pageWidth), pageSidePx(document.pageHeight)};
 }
 
 std::int32_t pageColorOf(const ProjectDocument& document, int page) {

@@ -1,24 +1,14 @@
-// The distances between a box and its frame are those of the designer's page, so that both programs show one
-// picture.
+// Rows of the payload to the items and places of a page.
 #include "engine/win32/PageLayout.h"
 
 #include <algorithm>
-#include <cmath>
+
+#include "widgets/PagePlaces.h"
 
 namespace plinth {
 namespace {
 
-constexpr int kFieldInset = 3, kCheckSize = 13, kComboPadding = 5, kDateButtonWidth = 18;
-constexpr int kLeastPage = 32, kMostPage = 20000;
-
-int px(float twips) {
-  constexpr float kReach = 30000.0f * kTwipsPerPixel;
-  return std::isfinite(twips) ? twipsToPixels(std::clamp(twips, -kReach, kReach)) : 0;
-}
-
-RectPx rectOf(float left, float top, float width, float height) {
-  return {px(left), px(top), std::max(0, px(width)), std::max(0, px(height))};
-}
+constexpr int kDateButtonWidth = 18;
 
 // Boxes without a frame of ours may have the thin border of older projects.
 template <class Row>
@@ -47,8 +37,7 @@ PageLayout::PageLayout(const Application& application, Measure measure)
 
 SizePx PageLayout::pageSize() const {
   const PayloadHeader& header = application_.payload.header;
-  const auto sane = [](float twips) { return std::clamp(px(twips), kLeastPage, kMostPage); };
-  return {sane(header.pageWidth), sane(header.pageHeight)};
+  return {pageSidePx(header.pageWidth), pageSidePx(header.pageHeight)};
 }
 
 FontSpec PageLayout::font(const PayloadFont& font) const {
@@ -58,24 +47,22 @@ FontSpec PageLayout::font(const PayloadFont& font) const {
 
 BoxPlace PageLayout::field(int n) const {
   const PayloadField& row = application_.field(n);
-  const RectPx text = rectOf(row.left, row.top, row.width, row.height);
-  return {text, inflated(text, kFieldInset), lookOf(row)};
+  const RectPx text = placePx(row.left, row.top, row.width, row.height);
+  return {text, fieldFrame(text), lookOf(row)};
 }
 
 BoxPlace PageLayout::combo(int n) const {
   const PayloadCombo& row = application_.combo(n);
-  const RectPx text{px(row.left), px(row.top), std::max(0, px(row.width)),
+  const RectPx text{placePx(row.left), placePx(row.top), std::max(0, placePx(row.width)),
                     lineHeight(row.font) + kComboPadding};
-  return {text, inflated(text, row.frameStyle < 2 ? 1 : 3), {row.frameStyle, plainColor(row.frameColor)}};
+  return {text, comboFrame(text, row.frameStyle), {row.frameStyle, plainColor(row.frameColor)}};
 }
 
 BoxPlace PageLayout::memo(int n) const {
   const PayloadMemo& row = application_.memo(n);
   const Frame look = lookOf(row);
-  const RectPx text = rectOf(row.left, row.top, row.width, row.height);
-  RectPx frame = inflated(text, look.style == 2 ? 2 : 3);
-  if (look.style < 2) frame = {text.left - 3, text.top - 1, text.width + 4, text.height + 2};
-  return {text, frame, look};
+  const RectPx text = placePx(row.left, row.top, row.width, row.height);
+  return {text, memoFrame(text, look.style), look};
 }
 
 RectPx PageLayout::dateButton(int n) const {
@@ -86,23 +73,23 @@ RectPx PageLayout::dateButton(int n) const {
 
 RectPx PageLayout::check(int n) const {
   const PayloadCheck& row = application_.check(n);
-  return {px(row.left), px(row.top), kCheckSize, kCheckSize};
+  return {placePx(row.left), placePx(row.top), kCheckBoxSize, kCheckBoxSize};
 }
 
 RectPx PageLayout::button(int n) const {
   const PayloadButton& row = application_.button(n);
-  return rectOf(row.left, row.top, row.width, row.height);
+  return placePx(row.left, row.top, row.width, row.height);
 }
 
 RectPx PageLayout::picture(int n) const {
   const PayloadPicture& row = application_.picture(n);
-  return rectOf(row.left, row.top, row.width, row.height);
+  return placePx(row.left, row.top, row.width, row.height);
 }
 
 RectPx PageLayout::title(int n, const RecordForm& form) const {
   const PayloadTitle& row = application_.titleRow(n);
   const SizePx size = measure_(form.titles[static_cast<std::size_t>(n)], font(row.font));
-  return {px(row.left), px(row.top), size.width, size.height};
+  return {placePx(row.left), placePx(row.top), size.width, size.height};
 }
 
 void PageLayout::addShapes(PageItems& items, int page) const {
@@ -111,7 +98,7 @@ void PageLayout::addShapes(PageItems& items, int page) const {
     const PayloadSquare& row = payload.squares[i];
     if (!Application::onPage(row.page, page)) continue;
     add(items, PagePart::square, static_cast<int>(i),
-        SquareItem{rectOf(row.left, row.top, row.width, row.height), shapeFormOf(row.shapeType),
+        SquareItem{placePx(row.left, row.top, row.width, row.height), shapeFormOf(row.shapeType),
                    squarePen(row.borderStyle, row.borderWidth, row.borderColor),
                    squareBrush(row.backStyle, row.backColor, row.fillStyle, row.fillColor)});
   }
@@ -119,8 +106,8 @@ void PageLayout::addShapes(PageItems& items, int page) const {
     const PayloadLine& row = payload.lines[i];
     if (!Application::onPage(row.page, page)) continue;
     add(items, PagePart::line, static_cast<int>(i),
-        LineItem{{px(row.x1), px(row.y1)},
-                 {px(row.x2), px(row.y2)},
+        LineItem{{placePx(row.x1), placePx(row.y1)},
+                 {placePx(row.x2), placePx(row.y2)},
                  {LineStyle::solid, 1, plainColor(row.borderColor)}});
   }
 }
@@ -166,8 +153,8 @@ void PageLayout::addFree(PageItems& items, const RecordForm& form, int page, Pag
     const VariablePicture& row = form.variablePictures[i];
     if (!row.visible || !Application::onPage(row.page, page)) continue;
     PictureItem item;
-    item.rect = rectOf(static_cast<float>(row.left), static_cast<float>(row.top),
-                       static_cast<float>(row.width), static_cast<float>(row.height));
+    item.rect = placePx(static_cast<float>(row.left), static_cast<float>(row.top),
+                        static_cast<float>(row.width), static_cast<float>(row.height));
     item.image = pictures.freePicture(row.image);
     item.stretch = true;
     add(items, PagePart::freePicture, static_cast<int>(i), std::move(item));
@@ -183,12 +170,12 @@ void PageLayout::addFree(PageItems& items, const RecordForm& form, int page, Pag
                         row.charSet};
     const SizePx size = measure_(row.text, look);
     add(items, PagePart::label, static_cast<int>(i),
-        TitleItem{
-            {px(static_cast<float>(row.left)), px(static_cast<float>(row.top)), size.width, size.height},
-            row.text,
-            look,
-            plainColor(row.foreColor),
-            TextAlign::left});
+        TitleItem{{placePx(static_cast<float>(row.left)), placePx(static_cast<float>(row.top)), size.width,
+                   size.height},
+                  row.text,
+                  look,
+                  plainColor(row.foreColor),
+                  TextAlign::left});
   }
 }
 
