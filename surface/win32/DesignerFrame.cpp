@@ -85,7 +85,7 @@ DesignerParts partsOf(const DesignerSetup& setup, Progress& progress, HDC measur
 
 DesignerFrame::DesignerFrame(const DesignerSetup& setup)
     : measuring_(::CreateCompatibleDC(nullptr)), designer_(partsOf(setup, *this, measuring_.get()), *this) {
-  registerClass(procedure);
+  registerClass(windowProcedure<DesignerFrame>);
   window_ = ::CreateWindowExW(WS_EX_ACCEPTFILES, kClass, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                               CW_USEDEFAULT, CW_USEDEFAULT, kFirstWidth, kFirstHeight, nullptr, nullptr,
                               ::GetModuleHandleW(nullptr), this);
@@ -151,21 +151,6 @@ void DesignerFrame::keepPlace() {
   designer_.shell().keepPosition("Form1Top", static_cast<int>(pixelsToTwips(now.top)));
 }
 
-LRESULT CALLBACK DesignerFrame::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE) {
-    auto* self = static_cast<DesignerFrame*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-    self->window_ = window;
-    ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-  }
-  auto* self = reinterpret_cast<DesignerFrame*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (!self) return ::DefWindowProcW(window, message, wParam, lParam);
-  try {
-    return self->handle(message, wParam, lParam);
-  } catch (...) {
-    return ::DefWindowProcW(window, message, wParam, lParam);  // no exception crosses into the system
-  }
-}
-
 LRESULT DesignerFrame::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SIZE:
@@ -197,10 +182,6 @@ LRESULT DesignerFrame::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return designer_.shell().mayExit();
     case WM_DESTROY:
       ::PostQuitMessage(0);
-      return 0;
-    case WM_NCDESTROY:
-      ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-      window_ = nullptr;
       return 0;
     default:
       break;

@@ -34,7 +34,7 @@ unsigned shiftState() {
 
 PageArea::PageArea(HWND parent, int id, PageSurface& surface, KeyHandler keys)
     : surface_(surface), keys_(std::move(keys)), scale_(windowScale(parent)) {
-  registerClass(procedure);
+  registerClass(windowProcedure<PageArea>);
   window_ =
       ::CreateWindowExW(0, kClass, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_HSCROLL | WS_VSCROLL, 0, 0,
                         10, 10, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, this);
@@ -42,21 +42,6 @@ PageArea::PageArea(HWND parent, int id, PageSurface& surface, KeyHandler keys)
 
 PageArea::~PageArea() {
   if (window_) ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-}
-
-LRESULT CALLBACK PageArea::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE) {
-    auto* self = static_cast<PageArea*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-    self->window_ = window;
-    ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-  }
-  auto* self = reinterpret_cast<PageArea*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (!self) return ::DefWindowProcW(window, message, wParam, lParam);
-  try {
-    return self->handle(message, wParam, lParam);
-  } catch (...) {
-    return ::DefWindowProcW(window, message, wParam, lParam);  // no exception crosses into the system
-  }
 }
 
 LRESULT PageArea::handle(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -96,10 +81,6 @@ LRESULT PageArea::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYDOWN:
       if (keys_({static_cast<int>(wParam), shiftState()})) return 0;
       break;
-    case WM_NCDESTROY:
-      ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-      window_ = nullptr;
-      return 0;
     default:
       break;
   }

@@ -17,4 +17,28 @@ FontHandle messageFont(double scale, bool bold = false);
 std::string windowText(HWND window, int codePage);
 std::wstring wideUtf8(std::string_view utf8);
 
+// The procedure of windows whose object, a T, is the creation parameter and names this function its friend:
+// it keeps the T's window_ and calls its handle(message, wParam, lParam). No exception crosses into the
+// system.
+template <class T>
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    auto* self = static_cast<T*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    self->window_ = window;
+    ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* self = reinterpret_cast<T*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self && message == WM_NCDESTROY) {
+    ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    self->window_ = nullptr;
+    self = nullptr;
+  }
+  if (!self) return ::DefWindowProcW(window, message, wParam, lParam);
+  try {
+    return self->handle(message, wParam, lParam);
+  } catch (...) {
+    return ::DefWindowProcW(window, message, wParam, lParam);
+  }
+}
+
 }  // namespace plinth
