@@ -3,7 +3,6 @@
 // the system that a program installs at start.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 

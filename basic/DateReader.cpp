@@ -1,6 +1,5 @@
 // A typed date is cut into numbers, words and separators; a time is taken out of them, and what is left is a
 // date in one of a few orders. The first order that gives a day of the calendar wins.
-#include <cstdint>
 #include <vector>
 
 #include "basic/CodePage.h"

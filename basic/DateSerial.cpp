@@ -2,7 +2,6 @@
 // do.
 #include "basic/DateSerial.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 

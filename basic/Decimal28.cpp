@@ -15,7 +15,7 @@ __extension__ using U128 = unsigned __int128;
 constexpr int kMaxScale = 28;
 constexpr U128 kMaxMagnitude = (U128{1} << 96) - 1;
 
-enum class Rounding { halfEven, halfAway, down };
+enum class Rounding { halfEven, halfAway };
 
 // Whole number of 224 bits, little-endian 32-bit words: holds a product of two 96-bit numbers, and a 128-bit
 // number times 10^28.
@@ -89,7 +89,6 @@ Wide product(U128 a, U128 b) {
 }
 
 bool roundsUp(int digit, bool sticky, bool odd, Rounding rounding) {
-  if (rounding == Rounding::down) return false;
   if (digit != 5) return digit > 5;
   return sticky || odd || rounding == Rounding::halfAway;
 }
@@ -270,14 +269,6 @@ Decimal28 Decimal28::rounded(int decimals) const {
 
 Decimal28 Decimal28::roundedAway(int decimals) const {
   return DecimalWork::withDecimals(*this, decimals, Rounding::halfAway);
-}
-
-Decimal28 Decimal28::truncated() const { return DecimalWork::withDecimals(*this, 0, Rounding::down); }
-
-Decimal28 Decimal28::floored() const {
-  const Decimal28 whole = truncated();
-  if (!negative_ || whole == *this) return whole;
-  return DecimalWork::make(DecimalWork::magnitude(whole) + 1, 0, true);  // had a fraction, so there is room
 }
 
 std::optional<Decimal28> Decimal28::add(const Decimal28& a, const Decimal28& b) {

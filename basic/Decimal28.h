@@ -35,9 +35,6 @@ class Decimal28 {
   Decimal28 rounded(int decimals) const;
   // Rounded half away from zero (the way numbers are formatted).
   Decimal28 roundedAway(int decimals) const;
-  // Towards zero / towards minus infinity, 0 decimals.
-  Decimal28 truncated() const;
-  Decimal28 floored() const;
 
   // nullopt on overflow (and on division by zero). Results keep up to 28 decimals, rounded half to even.
   static std::optional<Decimal28> add(const Decimal28& a, const Decimal28& b);

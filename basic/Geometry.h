@@ -7,15 +7,18 @@ namespace plinth {
 inline constexpr int kTwipsPerPixel = 15;
 inline constexpr int kTwipsPerPoint = 20;
 
-struct PointPx { int x = 0, y = 0; };
-struct SizePx { int width = 0, height = 0; };
+struct PointPx {
+  int x = 0, y = 0;
+};
+struct SizePx {
+  int width = 0, height = 0;
+};
 struct RectPx {
   int left = 0, top = 0, width = 0, height = 0;
   int right() const { return left + width; }
   int bottom() const { return top + height; }
   bool contains(PointPx p) const { return p.x >= left && p.y >= top && p.x < right() && p.y < bottom(); }
 };
-struct RectTwips { float left = 0, top = 0, width = 0, height = 0; };
 
 // Twips to whole pixels at 96 dpi, rounded to nearest, halves away from zero.
 inline int twipsToPixels(float twips) {

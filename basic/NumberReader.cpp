@@ -3,7 +3,6 @@
 #include "basic/NumberReader.h"
 
 #include <charconv>
-#include <cmath>
 #include <cstdint>
 
 namespace plinth {

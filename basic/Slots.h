@@ -7,7 +7,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace plinth {
@@ -21,8 +20,8 @@ inline constexpr std::int64_t kSlotSize = 16;
 // What a slot holds. A boolean is kept as 0 or -1 in `number`.
 struct SlotValue {
   Tag tag = Tag::i2;
-  double number = 0;   // exact for every numeric tag
-  std::string text;    // tag 8 only
+  double number = 0;  // exact for every numeric tag
+  std::string text;   // tag 8 only
 };
 
 // Reads elements at a position. Failing reads (bytes missing, unknown tag, negative count) return false,
@@ -32,9 +31,9 @@ class SlotReader {
  public:
   explicit SlotReader(std::span<const std::uint8_t> bytes, std::int64_t position = 1);
 
-  std::int64_t position() const { return position_; }   // 1-based
+  std::int64_t position() const { return position_; }  // 1-based
   void seek(std::int64_t position) { position_ = position; }
-  std::int64_t remaining() const;                        // bytes from the position to the end, never negative
+  std::int64_t remaining() const;  // bytes from the position to the end, never negative
   int failures() const { return failures_; }
 
   // A slot; the tag found decides, not an expected one. The last slot of a file may end right behind its
@@ -42,7 +41,8 @@ class SlotReader {
   bool slot(SlotValue& value);
   // A numeric slot converted to T: out-of-range numbers are brought to T's nearest value, NaN reads as 0; a
   // boolean target is true for any number but 0; a text slot counts as its leading number.
-  template <class T> bool number(T& value);
+  template <class T>
+  bool number(T& value);
   // Signed 16-bit count and that many bytes (project file, reports). A negative count fails.
   bool text16(std::string& value);
   // Unsigned 16-bit field less `bias`, and that many bytes (payload). A negative difference fails.
@@ -71,7 +71,7 @@ class SlotWriter {
  public:
   explicit SlotWriter(Bytes& image, std::int64_t position = 1);
 
-  std::int64_t position() const { return position_; }   // 1-based
+  std::int64_t position() const { return position_; }  // 1-based
   void seek(std::int64_t position) { position_ = position; }
 
   // One number in its self-describing form, rounded to even and brought to the tag's nearest value; then the

@@ -1,8 +1,6 @@
 // See PayloadFromProject.h. This file takes the objects along; the options stand in PayloadOptions.cpp.
 #include "builder/PayloadFromProject.h"
 
-#include <algorithm>
-
 #include "basic/CodePage.h"
 #include "basic/FileName.h"
 #include "builder/PayloadOptions.h"

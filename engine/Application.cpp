@@ -3,7 +3,6 @@
 #include "engine/Application.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "basic/CodePage.h"
 #include "basic/Text.h"

@@ -2,8 +2,6 @@
 // must be found even when the application was redesigned since and has other labels in front of them.
 #include "engine/CfgFile.h"
 
-#include <algorithm>
-
 #include "basic/Substitution.h"
 
 namespace plinth {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <span>
-#include <string>
 
 #include "basic/Result.h"
 #include "basic/Slots.h"

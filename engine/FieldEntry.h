@@ -3,7 +3,6 @@
 // agree.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 

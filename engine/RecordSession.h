@@ -2,7 +2,6 @@
 // as plain values, the console tool calls the same functions; what changed is told to an EngineView.
 #pragma once
 
-#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -66,7 +65,6 @@ class RecordSession {
   std::int32_t curRec() const { return curRec_; }
   std::int32_t recCount() const { return store_ ? store_->count() : 0; }
   const DataFile& dataFile() const { return start_.data; }
-  const std::string& pictureFolder() const { return picDir_; }  // PicDir, with trailing separator
 
   // --- Login. While start().loginRequired, openData() opens nothing until somebody has logged in.
   bool loggedIn() const { return login_.has_value(); }
@@ -116,7 +114,6 @@ class RecordSession {
   // Keys that the window sees before its boxes: Ctrl+1 to Ctrl+6 and Insert with Ctrl. True when it was one
   // of them.
   bool formKeyDown(const KeyEvent& key);
-  int viewMode() const { return viewMode_; }
   // 0 record order, 1 ascending, 2 descending with the order of a sort; shows the first record of the view.
   void setView(int mode, std::vector<std::int32_t> order);
 
@@ -161,9 +158,6 @@ class RecordSession {
   void commandClick(int button);  // Command1_Click
   void titleClick(int title);
   const FocusTools& tools() const { return tools_; }
-  // 1 field, 2 combo, 3 check box, 4 memo; 0 none.
-  int focusKind() const { return focusKind_; }
-  int focusIndex() const { return focusIndex_; }
   void timer2Tick();  // each second: Title(2) and Title(3)
   // Calculated fields of the form as it stands.
   void runFormulas();
@@ -225,7 +219,7 @@ class RecordSession {
   int viewMode_ = 0, currentPage_ = 0;
   std::vector<std::int32_t> viewOrder_;
   std::string picDir_;
-  int focusKind_ = 0, focusIndex_ = 0;
+  int focusKind_ = 0, focusIndex_ = 0;  // kind: 1 field, 2 combo, 3 check box, 4 memo; 0 none
   std::string fieldBefore_;
   double dateBefore_ = 0;
   FocusTools tools_;

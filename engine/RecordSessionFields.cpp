@@ -1,7 +1,6 @@
 // What boxes do on focus, key, typing and leaving. The window forwards; what a key or a text means is decided
 // here.
 #include <algorithm>
-#include <cmath>
 
 #include "basic/DateSerial.h"
 #include "basic/DisplayFormat.h"

@@ -1,7 +1,6 @@
 // Moving between records and pages, and what buttons and linked titles do: navigation words, scripts,
 // documents.
 #include <algorithm>
-#include <cmath>
 
 #include "basic/DateSerial.h"
 #include "basic/NumberReader.h"

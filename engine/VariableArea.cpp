@@ -2,7 +2,6 @@
 // the picture count free, so that a full list of labels cannot push it out of the slot.
 #include "engine/VariableArea.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "basic/Text.h"

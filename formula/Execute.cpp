@@ -3,7 +3,6 @@
 #include "formula/Execute.h"
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 #include <vector>
 

@@ -10,7 +10,6 @@
 namespace plinth {
 
 // The groups that the types 0 to 23 fall into; every other number counts as text.
-constexpr bool isNumberType(int type) { return type >= 1 && type <= 5; }
 constexpr bool isTimeType(int type) { return type == 10 || type == 12; }
 // Types that show a date, a clock time taken as a date (11), or one part of a date (13 to 22).
 constexpr bool isDateType(int type) {

@@ -1,6 +1,5 @@
 // Opening and saving as a person sees them: questions, messages, caption, recent files. The bytes are
 // ProjectFile's.
-#include <algorithm>
 
 #include "basic/FileName.h"
 #include "basic/Text.h"

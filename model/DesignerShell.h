@@ -86,7 +86,6 @@ class DesignerShell {
   const std::string& caption() const { return caption_; }
   const std::string& projectPath() const { return document_.projectPath; }
   const std::string& lastPath() const { return lastPath_; }  // "": Save asks for a name
-  const std::string& picTempDir() const { return picTempDir_; }
   // Paths of the example projects.
   std::vector<std::string> examples() const;
   // Window positions of the settings section "Settings", whole twips.

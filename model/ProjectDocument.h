@@ -241,10 +241,7 @@ struct ProjectDocument {
   int titleCount() const { return static_cast<int>(titles.size()) - 1; }
   int checkCount() const { return static_cast<int>(checks.size()) - 1; }
   int pictureCount() const { return static_cast<int>(pictures.size()) - 1; }
-  int squareCount() const { return static_cast<int>(squares.size()) - 1; }
-  int lineCount() const { return static_cast<int>(lines.size()) - 1; }
   int buttonCount() const { return static_cast<int>(buttons.size()) - 1; }
-  int scriptCount() const { return static_cast<int>(scripts.size()) - 1; }
 
   // Project-wide state.
   std::string projectPath;

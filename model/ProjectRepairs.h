@@ -18,7 +18,7 @@ void unpackSquareShape(SquareRow& row, std::int16_t packed);
 
 void tildeReadsAsMinus(std::string& formula);
 inline void emptyReadsAsComma(std::string& delimiter) {
-  if (delimiter.empty()) delimiter = ",";
+  if (delimiter.empty()) delimiter.push_back(',');
 }
 inline void minusOneReadsAsOne(std::int16_t& value) {
   if (value == -1) value = 1;

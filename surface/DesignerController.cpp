@@ -2,7 +2,6 @@
 // drawing area.
 #include "surface/DesignerController.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "basic/CodePage.h"

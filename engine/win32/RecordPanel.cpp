@@ -1,7 +1,6 @@
 // Buttons say "<<<" to programs and show arrows to people.
 #include "engine/win32/RecordPanel.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "engine/win32/ControlIds.h"

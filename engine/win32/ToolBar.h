@@ -2,8 +2,6 @@
 // focused field holds.
 #pragma once
 
-#include <array>
-
 #include "engine/ApplicationMenus.h"
 #include "engine/win32/RecordPanel.h"
 

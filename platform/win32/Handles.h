@@ -38,8 +38,6 @@ using FontHandle = OwnedHandle<HFONT, ::DeleteObject>;
 using PenHandle = OwnedHandle<HPEN, ::DeleteObject>;
 using BrushHandle = OwnedHandle<HBRUSH, ::DeleteObject>;
 using BitmapHandle = OwnedHandle<HBITMAP, ::DeleteObject>;
-using RegionHandle = OwnedHandle<HRGN, ::DeleteObject>;
-using IconHandle = OwnedHandle<HICON, ::DestroyIcon>;
 using MenuHandle = OwnedHandle<HMENU, ::DestroyMenu>;
 using MemoryDc = OwnedHandle<HDC, ::DeleteDC>;  // also printer and display contexts that were created
 

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "basic/DateSerial.h"
 #include "engine/VariableArea.h"
 #include "tests/engine/EngineFixture.h"

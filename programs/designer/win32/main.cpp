@@ -5,7 +5,6 @@
 #include <objbase.h>
 
 #include <exception>
-#include <memory>
 #include <string>
 
 #include "basic/FileName.h"
