@@ -16,10 +16,10 @@ class BenchHost : public FormulaHost {
     for (int n = 1; n <= 200; ++n) {
       texts_.push_back(n % 2 ? std::to_string(n) + ".50" : "");
       const std::string a = "F" + std::to_string(n - 1), b = "F" + std::to_string((n * 7) % 100 * 2 + 1);
-      const std::array<std::string, 4> shapes{a + "*" + b, "(" + a + "+" + b + ")/3*1.19U",
-                                              "IF " + a + ">100 THEN F" + std::to_string(n) + "=" + b + " ELSE F" +
-                                                  std::to_string(n) + "=0",
-                                              "SUM(F1:F9)*2"};
+      const std::array<std::string, 4> shapes{
+          a + "*" + b, "(" + a + "+" + b + ")/3*1.19U",
+          "IF " + a + ">100 THEN F" + std::to_string(n) + "=" + b + " ELSE F" + std::to_string(n) + "=0",
+          "SUM(F1:F9)*2"};
       formulas_.push_back(n % 2 ? "" : shapes[static_cast<std::size_t>(n / 2) % 4]);
     }
   }

@@ -19,7 +19,8 @@ void fillRows(Rows& rows, int limit, const char* word) {
     auto& row = rows.emplace_back();
     row.page = static_cast<std::int16_t>(n % 5);
     if constexpr (requires { row.tag; }) row.tag = word + std::to_string(n);
-    if constexpr (requires { row.left; }) row.left = static_cast<float>(n % 600 * 15), row.top = static_cast<float>(n % 400 * 15);
+    if constexpr (requires { row.left; })
+      row.left = static_cast<float>(n % 600 * 15), row.top = static_cast<float>(n % 400 * 15);
   }
 }
 
@@ -81,7 +82,8 @@ Bytes stubBytes() {
   if (built) return *built;
   Bytes noise(3 << 20);
   std::uint32_t seed = 1;
-  for (std::uint8_t& byte : noise) byte = static_cast<std::uint8_t>((seed = seed * 1664525 + 1013904223) >> 24);
+  for (std::uint8_t& byte : noise)
+    byte = static_cast<std::uint8_t>((seed = seed * 1664525 + 1013904223) >> 24);
   return noise;
 }
 
@@ -94,8 +96,8 @@ void BM_CreateFullApplication(benchmark::State& state) {
   for (auto _ : state) {
     ProjectDocument d = fullProject();
     MemoryPictures pictures;
-    CompileApp compile({systemFiles(), messages, progress, pictures, [](int) { return std::string(); }, folder,
-                        "English", stub, icon, nullptr});
+    CompileApp compile({systemFiles(), messages, progress, pictures, [](int) { return std::string(); },
+                        folder, "English", stub, icon, nullptr});
     if (!compile.run(d, {"Full", folder, {}, false}).ok()) state.SkipWithError("not created");
   }
   std::filesystem::remove_all(folder);
@@ -106,7 +108,8 @@ void BM_EngineLoadsFullPayload(benchmark::State& state) {
   ProjectDocument d = fullProject();
   MemoryPictures pictures;
   std::vector<std::string> notes;
-  const Result<ApplicationImage> image = writeApplication(stubBytes(), payloadFromProject(d, "Full", pictures, notes));
+  const Result<ApplicationImage> image =
+      writeApplication(stubBytes(), payloadFromProject(d, "Full", pictures, notes));
   if (!image) return state.SkipWithError(image.error().text.c_str());
   for (auto _ : state) {
     Result<Payload> payload = readPayload(image->bytes);

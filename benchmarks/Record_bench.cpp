@@ -37,7 +37,8 @@ Application application(int recLen) {
 
 // Values of record n, as boxes show them.
 void fill(RecordForm& form, int n) {
-  for (int i = 1; i <= kTexts; ++i) form.fields[static_cast<std::size_t>(i)].text = "Some text " + std::to_string(n * 31 + i);
+  for (int i = 1; i <= kTexts; ++i)
+    form.fields[static_cast<std::size_t>(i)].text = "Some text " + std::to_string(n * 31 + i);
   for (int i = 1; i <= kNumbers; ++i) {
     form.fields[static_cast<std::size_t>(kTexts + i)].text = std::to_string(n % 1000) + ".25";
   }
@@ -91,7 +92,8 @@ void BM_PlinthLoad(benchmark::State& state) {
   std::uint32_t seed = 1;
   for (auto _ : state) {
     seed = seed * 1664525 + 1013904223;
-    if (!store->load(static_cast<std::int32_t>(seed >> 8) % kRecords + 1, form)) state.SkipWithError("not loaded");
+    if (!store->load(static_cast<std::int32_t>(seed >> 8) % kRecords + 1, form))
+      state.SkipWithError("not loaded");
     benchmark::DoNotOptimize(form.fields[1].text.data());
   }
   state.SetItemsProcessed(state.iterations());
@@ -172,7 +174,9 @@ class Rival {
   std::string memo_;
 };
 
-std::size_t memoLength(std::int64_t recLen) { return static_cast<std::size_t>(recLen - 1 - kTexts * 30 - kNumbers * 8 - 8); }
+std::size_t memoLength(std::int64_t recLen) {
+  return static_cast<std::size_t>(recLen - 1 - kTexts * 30 - kNumbers * 8 - 8);
+}
 
 void BM_SqliteSave(benchmark::State& state) {
   const bool oneTransaction = state.range(1) != 0;
@@ -189,7 +193,12 @@ void BM_SqliteSave(benchmark::State& state) {
   if (oneTransaction) rival.run("COMMIT");
   state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(BM_SqliteSave)->ArgNames({"", "transaction"})->Args({500, 0})->Args({500, 1})->Args({5000, 0})->Args({5000, 1});
+BENCHMARK(BM_SqliteSave)
+    ->ArgNames({"", "transaction"})
+    ->Args({500, 0})
+    ->Args({500, 1})
+    ->Args({5000, 0})
+    ->Args({5000, 1});
 
 void BM_SqliteLoad(benchmark::State& state) {
   const Application app = application(static_cast<int>(state.range(0)));

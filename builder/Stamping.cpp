@@ -51,9 +51,10 @@ std::size_t number(const Bytes& image, std::size_t offset, std::size_t width) {
   return value;
 }
 
-// Where the resources of a program lie, as [from, to); the whole image when it is no program that says so. Outside of
-// them the rules for places would also meet tables by which numbers are written as text: every second byte of the digit
-// pairs "00010203..." reads like the placeholder of the trademarks, and 1/10 in 128 bits is a row of the icon's filler.
+// Where the resources of a program lie, as [from, to); the whole image when it is no program that says so.
+// Outside of them the rules for places would also meet tables by which numbers are written as text: every
+// second byte of the digit pairs "00010203..." reads like the placeholder of the trademarks, and 1/10 in 128
+// bits is a row of the icon's filler.
 std::pair<std::size_t, std::size_t> resourcePart(const Bytes& image) {
   constexpr std::size_t kSectionRow = 40, kSectionRows = 24;
   const std::size_t header = number(image, 0x3C, 4);
@@ -118,7 +119,8 @@ void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileP
       {"0123456789012345678901234567890123456789", 3},
   };
   const auto [from, to] = resourcePart(stub);
-  Bytes part(stub.begin() + static_cast<std::ptrdiff_t>(from), stub.begin() + static_cast<std::ptrdiff_t>(to));
+  Bytes part(stub.begin() + static_cast<std::ptrdiff_t>(from),
+             stub.begin() + static_cast<std::ptrdiff_t>(to));
   stampIcon(part, iconBytes);
   for (const auto& text : versionTexts)
     ReplaceBin(part, text.placeholder, properties.comments[text.comment], codePage);

@@ -2,10 +2,8 @@
 // placeholders that the engine's resources hold for that purpose. Bytes in, bytes out.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "basic/Slots.h"
@@ -13,9 +11,9 @@
 
 namespace plinth {
 
-// Writes `value` as UTF-16LE over every place of `image` where the first 15 characters of `searchText` stand at
-// every second byte, whatever is between them: cut to the length of searchText, filled with zeros. Texts are in `codePage`.
-// Returns the 0-based offset of the last match, -1 for none.
+// Writes `value` as UTF-16LE over every place of `image` where the first 15 characters of `searchText` stand
+// at every second byte, whatever is between them: cut to the length of searchText, filled with zeros. Texts
+// are in `codePage`. Returns the 0-based offset of the last match, -1 for none.
 std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_view value,
                         int codePage = 1252);
 
@@ -24,8 +22,8 @@ std::int64_t ReplaceBin(Bytes& image, std::string_view searchText, std::string_v
 int stampIcon(Bytes& image, std::span<const std::uint8_t> iconBytes);
 
 // Both, in order: icon, the five version texts (ProductName before LegalTrademarks, whose placeholder also
-// occurs inside the former's), and the original file name when it fits. Places are looked for within the program's
-// resources, or everywhere in an image that has none.
+// occurs inside the former's), and the original file name when it fits. Places are looked for within the
+// program's resources, or everywhere in an image that has none.
 void stampStub(Bytes& stub, std::span<const std::uint8_t> iconBytes, const FileProperties& properties,
                std::string_view appName, int codePage = 1252);
 

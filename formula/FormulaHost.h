@@ -1,5 +1,5 @@
-// What the expression language sees of a record: the objects by kind and number, with what their boxes show. The
-// designer's test page and the engine's record form both stand behind this one interface.
+// What the expression language sees of a record: the objects by kind and number, with what their boxes show.
+// The designer's test page and the engine's record form both stand behind this one interface.
 #pragma once
 
 #include <string>

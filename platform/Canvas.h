@@ -1,6 +1,6 @@
-// One drawing interface for screen, printer and document: pages, reports and controls are painted by the same code
-// everywhere. Coordinates are the canvas's own units (pixels on a screen canvas) after its scale and origin; colours
-// RGB with red in the low byte; texts 8-bit of the given character set.
+// One drawing interface for screen, printer and document: pages, reports and controls are painted by the same
+// code everywhere. Coordinates are the canvas's own units (pixels on a screen canvas) after its scale and
+// origin; colours RGB with red in the low byte; texts 8-bit of the given character set.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,16 @@ struct FontSpec {
 };
 
 enum class LineStyle { none, solid, dash, dot, dashDot, dashDotDot };
-enum class FillStyle { none, solid, horizontal, vertical, upwardDiagonal, downwardDiagonal, cross, diagonalCross };
+enum class FillStyle {
+  none,
+  solid,
+  horizontal,
+  vertical,
+  upwardDiagonal,
+  downwardDiagonal,
+  cross,
+  diagonalCross
+};
 
 struct Pen {
   LineStyle style = LineStyle::solid;
@@ -32,7 +41,7 @@ struct Pen {
 struct Brush {
   FillStyle style = FillStyle::solid;
   std::int32_t color = 0xFFFFFF;
-  bool opaqueBack = false;          // hatches: paint backColor between the lines
+  bool opaqueBack = false;  // hatches: paint backColor between the lines
   std::int32_t backColor = 0xFFFFFF;
 };
 
@@ -52,7 +61,8 @@ class Canvas {
   // Outline inside the rectangle, then filled inside the outline. radius > 0 rounds the corners.
   virtual void box(const RectPx& rect, const Pen& pen, const Brush& brush, int radius = 0) = 0;
   virtual void ellipse(const RectPx& rect, const Pen& pen, const Brush& brush) = 0;
-  // One or more lines of text clipped to the rectangle; wrap breaks at blanks; vertically from the top unless middle.
+  // One or more lines of text clipped to the rectangle; wrap breaks at blanks; vertically from the top
+  // unless middle.
   virtual void text(const RectPx& rect, std::string_view text, const FontSpec& font, std::int32_t color,
                     TextAlign align = TextAlign::left, bool wrap = false, bool middle = false) = 0;
   virtual SizePx measure(std::string_view text, const FontSpec& font) = 0;

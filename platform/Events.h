@@ -1,7 +1,6 @@
-// Mouse, key and menu events as plain values: windows make them, controllers take them, tests write them down.
+// Mouse, key and menu events as plain values: windows make them, controllers take them, tests
+// write them down.
 #pragma once
-
-#include <cstdint>
 
 namespace plinth {
 
@@ -14,7 +13,7 @@ struct MouseEvent {
 };
 
 struct KeyEvent {
-  int key = 0;         // virtual key code (13 Enter, 19 Pause, 33 PageUp, 38 Up, 40 Down, 45 Insert, 112.. F1..)
+  int key = 0;  // virtual key code (13 Enter, 19 Pause, 33 PageUp, 38 Up, 40 Down, 45 Insert, 112.. F1..)
   unsigned shift = 0;
 };
 

@@ -1,8 +1,7 @@
-// Message boxes behind an interface, so that no test and no tool waits for a person. Texts are 8-bit text of the
-// application's code page.
+// Message boxes behind an interface, so that no test and no tool waits for a person. Texts are 8-bit text of
+// the application's code page.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace plinth {

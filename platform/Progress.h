@@ -1,4 +1,5 @@
-// Progress and cancel of long work: the window pumps events in it, the tool draws a bar, tests count the steps.
+// Progress and cancel of long work: the window pumps events in it, the tool draws a bar, tests
+// count the steps.
 #pragma once
 
 #include <cstdint>

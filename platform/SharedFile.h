@@ -11,13 +11,14 @@
 namespace plinth {
 
 // One open handle. Offsets are 0-based bytes. Locks are the system's byte-range locks: held by this handle,
-// released by unlock() and on closing; a lock beyond the end of the file is fine. Two handles exclude each other even
-// in one process. On Windows a lock also stops the reads and writes of others; elsewhere it does not, there
-// lockedByOther() tells.
+// released by unlock() and on closing; a lock beyond the end of the file is fine. Two handles exclude each
+// other even in one process. On Windows a lock also stops the reads and writes of others; elsewhere it does
+// not, there lockedByOther() tells.
 class SharedFile {
  public:
   virtual ~SharedFile() = default;
-  // Reads up to bytes.size() bytes; the count read (0 at the end). Error locked: another program locks the range.
+  // Reads up to bytes.size() bytes; the count read (0 at the end). Error locked: another program locks
+  // the range.
   virtual Result<std::size_t> read(std::int64_t offset, std::span<std::uint8_t> bytes) = 0;
   // Writes all; the file grows as needed. Errors: locked, full (no space), denied, failed.
   virtual Result<void> write(std::int64_t offset, std::span<const std::uint8_t> bytes) = 0;
@@ -31,8 +32,8 @@ class SharedFile {
 };
 
 enum class OpenMode {
-  readOnly,      // the file must exist
-  readWrite,     // created when missing
+  readOnly,   // the file must exist
+  readWrite,  // created when missing
 };
 
 class SharedFiles {

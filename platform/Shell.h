@@ -8,9 +8,11 @@ namespace plinth {
 class Shell {
  public:
   virtual ~Shell() = default;
-  // The "open" verb on a document, address or program, with an argument line. False when nothing could be started.
+  // The "open" verb on a document, address or program, with an argument line. False when nothing
+  // could be started.
   virtual bool open(const std::string& target, const std::string& arguments = "") = 0;
-  // Runs a command line without a window and waits for its end; its exit code, -1 when it could not be started.
+  // Runs a command line without a window and waits for its end; its exit code, -1 when it could
+  // not be started.
   virtual int runAndWait(const std::string& commandLine) = 0;
 };
 

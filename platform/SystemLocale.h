@@ -5,8 +5,8 @@
 
 namespace plinth {
 
-// Windows: the user's regional settings; elsewhere: LC_* of the environment where the C library knows them, else
-// English. Fields the system does not tell keep the English default.
+// Windows: the user's regional settings; elsewhere: LC_* of the environment where the C library knows them,
+// else English. Fields the system does not tell keep the English default.
 Locale systemLocale();
 
 }  // namespace plinth

@@ -1,13 +1,13 @@
-// The address book is laid out on one grid: two columns of boxes, rows of equal pitch, a band across the top and a
-// row of buttons at the foot. All sizes are twips.
+// The address book is laid out on one grid: two columns of boxes, rows of equal pitch, a band across the top
+// and a row of buttons at the foot. All sizes are twips.
 #include "programs/plinth/ContactsExample.h"
 
 namespace plinth {
 namespace {
 
 constexpr float kPageWidth = 9600, kPageHeight = 7200;
-constexpr float kLabelLeft = 240, kBoxLeft = 1620;       // left column
-constexpr float kLabelRight = 5010, kBoxRight = 6300;    // right column
+constexpr float kLabelLeft = 240, kBoxLeft = 1620;     // left column
+constexpr float kLabelRight = 5010, kBoxRight = 6300;  // right column
 constexpr float kBoxWidth = 3060, kWideWidth = kBoxRight + kBoxWidth - kBoxLeft;
 constexpr float kFirstRow = 900, kPitch = 420, kBoxHeight = 285;
 constexpr std::int32_t kBand = 0x7A4A1E, kBandText = 0xFFFFFF, kLabelText = 0x404040, kFrame = 0xA0A0A0;
@@ -45,7 +45,8 @@ class Layout {
   }
 
   // A field with its label to the left, in the left (0) or right (1) column.
-  FieldRow& labelled(const char* caption, const char* tag, int type, int length, int column, int n, float width) {
+  FieldRow& labelled(const char* caption, const char* tag, int type, int length, int column, int n,
+                     float width) {
     label(caption, column ? kLabelRight : kLabelLeft, row(n));
     return field(tag, type, length, column ? kBoxRight : kBoxLeft, row(n), width);
   }
@@ -213,7 +214,8 @@ void foot(Layout& at) {
   at.button("Last", ">>>", 6, 7680, 1680, "Goes to the last contact");
 }
 
-ReportLabel reportLabel(const std::string& caption, int field, float left, float top, float width, bool bold) {
+ReportLabel reportLabel(const std::string& caption, int field, float left, float top, float width,
+                        bool bold) {
   ReportLabel l;
   l.caption = caption;
   l.fieldOfLabel = static_cast<std::int16_t>(field);
@@ -234,12 +236,21 @@ void addressReport(ProjectDocument& d) {
   ReportLabel head = reportLabel("Address list", -1, 780, 720, 4500, true);
   head.foreColor = kBandText, head.fontSize = 14, head.height = 360;
   r.labels.push_back(head);
-  struct Line { const char* caption; int field; };
+  struct Line {
+    const char* caption;
+    int field;
+  };
   float top = 1500;
-  for (const Line& line : {Line{"First name", 1}, {"Last name", 2}, {"Company", 3}, {"Street", 4}, {"City", 6},
-                           {"Phone", 8}, {"E-mail", 9}}) {
+  for (const Line& line : {Line{"First name", 1},
+                           {"Last name", 2},
+                           {"Company", 3},
+                           {"Street", 4},
+                           {"City", 6},
+                           {"Phone", 8},
+                           {"E-mail", 9}}) {
     r.labels.push_back(reportLabel(line.caption, -1, 780, top, 1350, true));
-    r.labels.push_back(reportLabel("F" + std::to_string(line.field) + ",1", line.field, 2400, top, 5400, false));
+    r.labels.push_back(
+        reportLabel("F" + std::to_string(line.field) + ",1", line.field, 2400, top, 5400, false));
     top += 330;
   }
   ReportLine rule;
@@ -273,8 +284,15 @@ void layOutContacts(ProjectDocument& d) {
   d.dateVal = 5, d.dateVal2 = 4;
   d.options.check15 = 1;
   d.search.text1 = {"F2", "F1", "F3", "C1", "F9", "", "", "", "", "", ""};
-  d.fileProp.comments = {"Example Company", "Address book with orders", "Copyright 2026 Example Company", "",
-                         "Contacts", "1.0", "", "", ""};
+  d.fileProp.comments = {"Example Company",
+                         "Address book with orders",
+                         "Copyright 2026 Example Company",
+                         "",
+                         "Contacts",
+                         "1.0",
+                         "",
+                         "",
+                         ""};
 }
 
 }  // namespace plinth

@@ -5,7 +5,8 @@
 
 namespace plinth {
 
-// Lays the example's objects, report, columns and texts into an empty document; its menus and message texts stay.
+// Lays the example's objects, report, columns and texts into an empty document; its menus and message texts
+// stay.
 void layOutContacts(ProjectDocument& document);
 
 }  // namespace plinth

@@ -25,7 +25,8 @@ constexpr CommandRow kCommands[] = {
      "Reads a project of any version and writes it in the current one.\n"},
     {"new", Command::newProject,
      "usage: plinth new FILE [--example contacts]\n"
-     "Writes an empty project, or an address book with orders to look at. An existing file stays untouched.\n"},
+     "Writes an empty project, or an address book with orders to look at. An existing file stays\n"
+     "untouched.\n"},
     {"create", Command::create,
      "usage: plinth create FILE [--output DIR] [--icon ICO] [--name NAME]\n"
      "Creates the application of a project in a folder of its own below DIR (else the current folder) and\n"
@@ -39,17 +40,17 @@ constexpr CommandRow kCommands[] = {
      "  set N [LABEL=VALUE ...]   types values into record N\n"
      "  erase N                   empties record N; its number stays\n"
      "  count                     prints the number of records\n"
-     "Values are taken as if typed: with the boxes' formats, lengths and calculated fields. A label may also be\n"
-     "F12, C3, K0, M2 (field, combo, check box, memo). --data names the data file; else the one that the\n"
-     "application itself would open.\n"},
+     "Values are taken as if typed: with the boxes' formats, lengths and calculated fields. A label may\n"
+     "also be F12, C3, K0, M2 (field, combo, check box, memo). --data names the data file; else the one\n"
+     "that the application itself would open.\n"},
 };
 
 struct ActionRow {
   const char* word;
   RecordAction action;
 };
-constexpr ActionRow kActions[] = {{"list", RecordAction::list}, {"get", RecordAction::get},
-                                  {"add", RecordAction::add},   {"set", RecordAction::set},
+constexpr ActionRow kActions[] = {{"list", RecordAction::list},   {"get", RecordAction::get},
+                                  {"add", RecordAction::add},     {"set", RecordAction::set},
                                   {"erase", RecordAction::erase}, {"count", RecordAction::count}};
 
 struct SwitchRow {
@@ -57,11 +58,13 @@ struct SwitchRow {
   Command command;
   std::string ToolOptions::*value;
 };
-constexpr SwitchRow kSwitches[] = {
-    {"--output", Command::create, &ToolOptions::output},     {"--icon", Command::create, &ToolOptions::icon},
-    {"--name", Command::create, &ToolOptions::name},         {"--example", Command::newProject, &ToolOptions::example},
-    {"--data", Command::records, &ToolOptions::data},        {"--user", Command::records, &ToolOptions::user},
-    {"--password", Command::records, &ToolOptions::password}};
+constexpr SwitchRow kSwitches[] = {{"--output", Command::create, &ToolOptions::output},
+                                   {"--icon", Command::create, &ToolOptions::icon},
+                                   {"--name", Command::create, &ToolOptions::name},
+                                   {"--example", Command::newProject, &ToolOptions::example},
+                                   {"--data", Command::records, &ToolOptions::data},
+                                   {"--user", Command::records, &ToolOptions::user},
+                                   {"--password", Command::records, &ToolOptions::password}};
 
 bool takesJson(Command command) {
   return command == Command::show || command == Command::check || command == Command::records;
@@ -176,7 +179,8 @@ class Parser {
       return;
     }
     std::size_t at = 3;
-    const bool one = o.action == RecordAction::get || o.action == RecordAction::set || o.action == RecordAction::erase;
+    const bool one =
+        o.action == RecordAction::get || o.action == RecordAction::set || o.action == RecordAction::erase;
     if (one || (o.action == RecordAction::list && at < words_.size())) {
       if (!readNumber(at++, o.record)) return;
     }
@@ -194,8 +198,11 @@ class Parser {
 
   bool readNumber(std::size_t at, std::int32_t& value) {
     const std::optional<std::int32_t> number = at < words_.size() ? wholeNumber(words_[at]) : std::nullopt;
-    if (number) value = *number;
-    else out_.problem = at < words_.size() ? words_[at] + " is not a record number" : "a record number is missing";
+    if (number)
+      value = *number;
+    else
+      out_.problem =
+          at < words_.size() ? words_[at] + " is not a record number" : "a record number is missing";
     return number.has_value();
   }
 

@@ -14,15 +14,22 @@ using Findings = std::vector<std::string>;
 // Live object n of a reference's letter.
 bool refersToObject(const ProjectDocument& d, char letter, int n) {
   const auto live = [n](const auto& rows, int first) {
-    return n >= first && n < static_cast<int>(rows.size()) && isLivePage(rows[static_cast<std::size_t>(n)].page);
+    return n >= first && n < static_cast<int>(rows.size()) &&
+           isLivePage(rows[static_cast<std::size_t>(n)].page);
   };
   switch (letter) {
-    case 'F': return live(d.fields, 1);
-    case 'C': return live(d.combos, 1);
-    case 'K': return live(d.checks, 0);
-    case 'M': return live(d.memos, 1);
-    case 'P': return live(d.pictures, 0);
-    default: return true;
+    case 'F':
+      return live(d.fields, 1);
+    case 'C':
+      return live(d.combos, 1);
+    case 'K':
+      return live(d.checks, 0);
+    case 'M':
+      return live(d.memos, 1);
+    case 'P':
+      return live(d.pictures, 0);
+    default:
+      return true;
   }
 }
 
@@ -49,7 +56,8 @@ void checkText(const ProjectDocument& d, const std::string& text, const std::str
 
 void checkFormulas(const ProjectDocument& d, Findings& out) {
   for (std::size_t n = 1; n < d.fields.size(); ++n) {
-    if (isLivePage(d.fields[n].page)) checkText(d, d.fields[n].formula, "the formula of F" + std::to_string(n), out);
+    if (isLivePage(d.fields[n].page))
+      checkText(d, d.fields[n].formula, "the formula of F" + std::to_string(n), out);
   }
 }
 
@@ -64,7 +72,8 @@ void checkLabels(const ProjectDocument& d, Findings& out) {
         continue;
       }
       const auto [earlier, fresh] = seen.emplace(lowerAscii(rows[n].tag), reference);
-      if (!fresh) out.push_back(reference + " has the field label of " + earlier->second + ": " + rows[n].tag);
+      if (!fresh)
+        out.push_back(reference + " has the field label of " + earlier->second + ": " + rows[n].tag);
     }
   };
   look(d.fields, 1, 'F');

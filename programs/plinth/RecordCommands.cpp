@@ -1,7 +1,6 @@
-// Records of a finished application, through the same session that its window uses: what the tool writes is what typing
-// would have written.
+// Records of a finished application, through the same session that its window uses: what the tool writes is
+// what typing would have written.
 #include <algorithm>
-#include <optional>
 #include <set>
 
 #include "basic/CodePage.h"
@@ -61,15 +60,16 @@ class RecordTool {
     codePage_ = start.application.codePage;
     dataExists_ = machine_.files.exists(start.data.path());
     messages_ = std::make_unique<ToolMessages>(machine_.err, codePage_, options_.action == RecordAction::add);
-    services_ = std::make_unique<SessionServices>(SessionServices{
-        machine_.files, *messages_, machine_.clock, machine_.locale, shell_,
-        flatStoreOpener(machine_.sharedFiles, machine_.files)});
+    services_ = std::make_unique<SessionServices>(
+        SessionServices{machine_.files, *messages_, machine_.clock, machine_.locale, shell_,
+                        flatStoreOpener(machine_.sharedFiles, machine_.files)});
     session_ = std::make_unique<RecordSession>(std::move(start), *services_);
     nameBoxes();
     return true;
   }
 
-  // The keys of JSON objects and of listings: a label that stands twice, or is empty, gives way to the reference.
+  // The keys of JSON objects and of listings: a label that stands twice, or is empty, gives way to
+  // the reference.
   void nameBoxes() {
     boxes_ = recordBoxes(session_->application());
     std::set<std::string> seen;
@@ -109,12 +109,18 @@ class RecordTool {
 
   int act() {
     switch (options_.action) {
-      case RecordAction::list: return list();
-      case RecordAction::get: return get();
-      case RecordAction::add: return add();
-      case RecordAction::set: return set();
-      case RecordAction::erase: return erase();
-      case RecordAction::count: return count();
+      case RecordAction::list:
+        return list();
+      case RecordAction::get:
+        return get();
+      case RecordAction::add:
+        return add();
+      case RecordAction::set:
+        return set();
+      case RecordAction::erase:
+        return erase();
+      case RecordAction::count:
+        return count();
     }
     return kWrongUsage;
   }
@@ -148,14 +154,16 @@ class RecordTool {
 
   int list() {
     const std::int64_t first = std::max(1, options_.record);
-    const std::int64_t last =
-        options_.count < 0 ? session_->recCount()
-                           : std::min<std::int64_t>(session_->recCount(), first + options_.count - 1);
+    const std::int64_t last = options_.count < 0
+                                  ? session_->recCount()
+                                  : std::min<std::int64_t>(session_->recCount(), first + options_.count - 1);
     ToolProgress progress(machine_.err, machine_.progressBar && last - first > 10000);
     int code = kDone;
     for (std::int64_t n = first; n <= last && machine_.out; ++n) {
-      if (goTo(static_cast<std::int32_t>(n)) == kDone) print();
-      else code = kFailed;  // the others still come
+      if (goTo(static_cast<std::int32_t>(n)) == kDone)
+        print();
+      else
+        code = kFailed;  // the others still come
       if (n % 1000 == 0) progress.step(n - first, last - first);
     }
     progress.title("");
@@ -177,8 +185,8 @@ class RecordTool {
     return kDone;
   }
 
-  // A data file without records already shows its first one, empty and waiting to be typed into, as a person would
-  // find it.
+  // A data file without records already shows its first one, empty and waiting to be typed into, as a person
+  // would find it.
   int add() {
     if (session_->readOnly()) return fail("the data is read-only");
     if (!session_->newEntry() && !session_->newRecord()) return kFailed;
@@ -227,8 +235,10 @@ class RecordTool {
     if (session_->dirty() && !session_->saveRecord()) {
       return messages_->shown() > before ? kFailed : fail("the record could not be saved");
     }
-    if (options_.json) print();
-    else machine_.out << session_->curRec() << "\n";
+    if (options_.json)
+      print();
+    else
+      machine_.out << session_->curRec() << "\n";
     return kDone;
   }
 

@@ -1,5 +1,6 @@
-// What this tool carries inside itself: the run-time engine, the default icon and the English texts. On Windows they are
-// resources, elsewhere stretches of read-only data: creating an application needs no second file beside the tool.
+// What this tool carries inside itself: the run-time engine, the default icon and the English texts. On
+// Windows they are resources, elsewhere stretches of read-only data: creating an application needs no second
+// file beside the tool.
 #pragma once
 
 #include <cstdint>

@@ -12,7 +12,8 @@ namespace plinth {
 // Prints each message as a line of UTF-8; questions are answered with a fixed answer and not printed.
 class ToolMessages : public Messages {
  public:
-  ToolMessages(std::ostream& err, int codePage, bool answer) : err_(err), codePage_(codePage), answer_(answer) {}
+  ToolMessages(std::ostream& err, int codePage, bool answer)
+      : err_(err), codePage_(codePage), answer_(answer) {}
   void show(std::string_view text, MessageIcon icon) override;
   bool ask(std::string_view text, MessageIcon icon) override;
   // Messages shown so far.

@@ -119,8 +119,8 @@ TEST(Stamping, PutsTheIconOverFillersOnly) {
   for (const Case& one :
        {Case{"whole", 20, 640, 640, 1, 640}, Case{"cut to the filler", 20, 640, 9000, 1, 640},
         Case{"too short", 20, 10, 640, 0, 0}, Case{"just a place", 20, 11, 640, 1, 11},
-        Case{"again behind a short icon", 20, 640, 209, 4, 640}, Case{"a rest too short", 20, 640, 211, 3, 633},
-        Case{"no pixels", 20, 640, 0, 0, 0}}) {
+        Case{"again behind a short icon", 20, 640, 209, 4, 640},
+        Case{"a rest too short", 20, 640, 211, 3, 633}, Case{"no pixels", 20, 640, 0, 0, 0}}) {
     Bytes image(one.before, 0x44);
     image.insert(image.end(), one.filler, kIconFiller);
     image.insert(image.end(), 30, 0x44);
@@ -154,8 +154,8 @@ Bytes programWithResources(const Bytes& code, const Bytes& resources) {
   return image;
 }
 
-// The library's table of digit pairs looks like a placeholder, and one of its numbers like an icon's filler; stamped
-// over, the application shows no digits.
+// The library's table of digit pairs looks like a placeholder, and one of its numbers like an icon's filler;
+// stamped over, the application shows no digits.
 TEST(Stamping, LeavesTheProgramOutsideItsResourcesAlone) {
   Bytes digits(40, 0x55);
   for (int pair = 0; pair < 100; ++pair) {

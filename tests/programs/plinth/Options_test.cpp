@@ -40,8 +40,8 @@ TEST(OptionsTest, RefusesWithTheReason) {
 }
 
 TEST(OptionsTest, SwitchesStandAnywhere) {
-  const ParsedOptions p =
-      parseOptions({"--json", "records", "--data=d.dbd", "app.exe", "set", "--user", "eve", "7", "Name=a=b", "Note=-1"});
+  const ParsedOptions p = parseOptions(
+      {"--json", "records", "--data=d.dbd", "app.exe", "set", "--user", "eve", "7", "Name=a=b", "Note=-1"});
   ASSERT_EQ(p.problem, "");
   EXPECT_TRUE(p.options.json);
   EXPECT_EQ(p.options.data, "d.dbd");
