@@ -10,7 +10,7 @@ namespace {
 struct CommandRow {
   const char* word;
   Command command;
-  const char* help;
+  const char* help;  // its second line, a sentence, also stands in the list of commands
 };
 
 constexpr CommandRow kCommands[] = {
@@ -25,15 +25,16 @@ constexpr CommandRow kCommands[] = {
      "Reads a project of any version and writes it in the current one.\n"},
     {"new", Command::newProject,
      "usage: plinth new FILE [--example contacts]\n"
-     "Writes an empty project, or an address book with orders to look at. An existing file stays\n"
-     "untouched.\n"},
+     "Writes an empty project, or an address book with orders to look at.\n"
+     "An existing file stays untouched.\n"},
     {"create", Command::create,
      "usage: plinth create FILE [--output DIR] [--icon ICO] [--name NAME]\n"
-     "Creates the application of a project in a folder of its own below DIR (else the current folder) and\n"
-     "prints the path of the finished .exe.\n"},
+     "Creates the application of a project in a folder of its own below DIR or the current folder.\n"
+     "Prints the path of the finished .exe.\n"},
     {"records", Command::records,
      "usage: plinth records APP.exe ACTION [--data FILE] [--json] [--user NAME] [--password WORD]\n"
-     "Works on the records of a finished application. Actions:\n"
+     "Works on the records of a finished application.\n"
+     "Actions:\n"
      "  list [FIRST [COUNT]]      prints records, one a line with --json\n"
      "  get N                     prints record N\n"
      "  add [LABEL=VALUE ...]     adds a record with defaults and these values, prints its number\n"
