@@ -136,19 +136,10 @@ int highestPage(const Payload& p) {
   return highest;
 }
 
-ButtonImage buttonImage(int number) {
-  if (number >= 1 && number <= 6) return {ButtonImageKind::navigation, number - 1};
-  if (number == 7) return {ButtonImageKind::newRecord, 0};
-  if (number >= 8 && number <= 13) return {ButtonImageKind::tool, number - 6};
-  if (number > 13) return {ButtonImageKind::gallery, number - 14};
-  return {};
-}
-
 void deriveObjects(Application& app) {
   const Payload& p = app.payload;
   const int highest = highestPage(p);
   app.pageTabVisible = {highest > 0, highest > 0, highest > 1, highest > 2, highest > 3};
-  for (const PayloadButton& b : p.buttons) app.buttonImages.push_back(buttonImage(b.image));
   for (const PayloadTitle& t : p.titles) app.titleIsLink.push_back(!t.link.empty());
   for (const PayloadField& f : p.fields)
     app.calendarButton.push_back(app.calendarOn && Application::live(f.page) && isDateKind(f.fieldType));

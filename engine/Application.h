@@ -14,19 +14,6 @@
 
 namespace plinth {
 
-// Which picture a button shows.
-enum class ButtonImageKind {
-  none,
-  navigation,  // number 0 to 5: Command2(number)
-  newRecord,   // newbut
-  tool,        // number 2 to 7: Image8(number)
-  gallery,     // number 0 upward: the image list of the about window
-};
-struct ButtonImage {
-  ButtonImageKind kind = ButtonImageKind::none;
-  int number = 0;
-};
-
 // Stored code of a field, as in the payload: what its box holds and how it is stored.
 inline bool isDateKind(int kind) { return kind >= 6 && kind <= 9; }
 inline bool isNumberKind(int kind) { return kind >= 1 && kind <= 5; }
@@ -44,7 +31,6 @@ struct Application {
   int codePage = 1252;                   // of every text of the application
   std::array<bool, 5> pageTabVisible{};  // Pge(0..4)
   std::vector<MenuEntry> menus;
-  std::vector<ButtonImage> buttonImages;     // by button
   std::vector<bool> calendarButton;          // by field: a DownB button opens the calendar
   std::vector<bool> titleIsLink;             // by title
   std::array<std::string, 12> functionKeys;  // F1 to F12

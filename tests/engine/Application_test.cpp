@@ -28,22 +28,6 @@ TEST(Application, PageTabsFollowTheHighestPageInUse) {
   }
 }
 
-TEST(Application, ButtonImagesComeFromTheToolBarOrTheGallery) {
-  Payload p;
-  p.buttons.resize(17);
-  for (int i = 0; i < 17; ++i) p.buttons[static_cast<std::size_t>(i)].image = static_cast<std::int16_t>(i);
-  const Application app = makeApplication(p);
-  const auto at = [&](int i) { return app.buttonImages[static_cast<std::size_t>(i)]; };
-  EXPECT_EQ(at(0).kind, ButtonImageKind::none);
-  EXPECT_EQ(at(1).kind, ButtonImageKind::navigation);
-  EXPECT_EQ(at(6).number, 5);
-  EXPECT_EQ(at(7).kind, ButtonImageKind::newRecord);
-  EXPECT_EQ(at(8).number, 2);
-  EXPECT_EQ(at(13).number, 7);
-  EXPECT_EQ(at(14).kind, ButtonImageKind::gallery);
-  EXPECT_EQ(at(16).number, 2);
-}
-
 TEST(Application, EmptyCaptionsHideEntriesLinesAndTitles) {
   Payload p;
   PayloadMenus& menus = p.application.menus;
