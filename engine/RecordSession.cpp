@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "basic/CodePage.h"
 #include "basic/FileName.h"
 #include "basic/Text.h"
 #include "engine/SessionBusy.h"
@@ -43,8 +44,9 @@ UserTable* RecordSession::editUsers() {
 }
 
 void RecordSession::report(const Error& error) {
-  const std::string text = runMessage(application(), 21, error.text);
-  services_.messages.show(contains(text, error.text) ? text : text + error.text, MessageIcon::error);
+  const std::string cause = fromUtf8(error.text, application().codePage);
+  const std::string text = runMessage(application(), 21, cause);
+  services_.messages.show(contains(text, cause) ? text : text + cause, MessageIcon::error);
 }
 
 bool RecordSession::chooseData(const DataFile& data) {

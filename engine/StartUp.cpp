@@ -74,7 +74,7 @@ void stop(const StartUp& start, Messages& messages, const std::string& reason) {
 bool readApplication(StartUp& start, const StartRequest& request, Files& files, Messages& messages) {
   const Result<Bytes> image = files.read(request.exePath);
   if (!image) {
-    stop(start, messages, image.error().text);
+    stop(start, messages, fromUtf8(image.error().text, start.application.codePage));
     return false;
   }
   PayloadResult payload = readPayloadPart(*image);
@@ -149,7 +149,7 @@ StartUp startUp(const StartRequest& request, Files& files, Messages& messages) {
     const Result<Bytes> cfg = files.read(start.cfgPath);
     if (!cfg) {
       // Its tables may ask for a password: without them nobody can be let in.
-      stop(start, messages, cfg.error().text);
+      stop(start, messages, fromUtf8(cfg.error().text, start.application.codePage));
       return start;
     }
     readCfg(*cfg, application, start.form, start.users);

@@ -1,6 +1,7 @@
 // Opening and saving as a person sees them: questions, messages, caption, recent files. The bytes are
 // ProjectFile's.
 
+#include "basic/CodePage.h"
 #include "basic/FileName.h"
 #include "basic/Text.h"
 #include "model/DesignerShell.h"
@@ -75,7 +76,7 @@ bool DesignerShell::openExample(const std::string& path) {
 bool DesignerShell::load(const std::string& path, bool keepLook) {
   const Result<Bytes> bytes = services_.files.read(path);
   if (!bytes.ok()) {
-    services_.messages.show(texts_.text(327, path) + "\n" + bytes.error().text, MessageIcon::error);
+    services_.messages.show(texts_.text(327, path) + "\n" + fromUtf8(bytes.error().text, services_.codePage), MessageIcon::error);
     return false;
   }
   LoadResult result;
@@ -148,7 +149,8 @@ bool DesignerShell::saveTo(const std::string& path) {
     // leaves it marked as saved, since the mark goes with the file's header.
     const ErrorKind kind = written.error().kind;
     if (kind == ErrorKind::full || kind == ErrorKind::failed) document_.dirty = false;
-    services_.messages.show(texts_.text(328, path) + "\n" + written.error().text, MessageIcon::error);
+    services_.messages.show(
+        texts_.text(328, path) + "\n" + fromUtf8(written.error().text, services_.codePage), MessageIcon::error);
     return false;
   }
   for (const std::string& picture : saved.unreadablePictures)

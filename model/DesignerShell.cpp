@@ -15,12 +15,6 @@ namespace {
 
 constexpr const char* kSection = "Settings";
 
-std::string unquoted(const std::string& commandLine) {
-  std::string path = trim(commandLine);
-  if (path.size() >= 2 && path.front() == '"' && path.back() == '"') path = path.substr(1, path.size() - 2);
-  return path;
-}
-
 std::vector<std::string> namesWith(const Files& files, const std::string& folder,
                                    const std::string& extension) {
   std::vector<std::string> names = files.list(folder);
@@ -54,6 +48,12 @@ std::string ownPictureFolder(Files& files, const std::string& shared) {
 
 }  // namespace
 
+std::string withoutQuotes(const std::string& commandLine) {
+  std::string path = trim(commandLine);
+  if (path.size() >= 2 && path.front() == '"' && path.back() == '"') path = path.substr(1, path.size() - 2);
+  return path;
+}
+
 DesignerShell::DesignerShell(DesignerServices services, DesignerView& view)
     : services_(std::move(services)), view_(view) {}
 
@@ -64,7 +64,7 @@ bool DesignerShell::start(const std::string& commandLine) {
   readIni();
   listLanguages();
   makeDefaultProject();
-  const std::string path = unquoted(commandLine);
+  const std::string path = withoutQuotes(commandLine);
   if (path.empty() || !openPath(path)) newProject();
   return true;
 }

@@ -47,7 +47,11 @@ struct DesignerServices {
   std::string programFolder;           // with trailing separator
   std::function<Bytes()> builtInIcon;  // the icon that the program carries
   bool firstInstance = true;           // no other designer runs: its temporary pictures may be removed
+  int codePage = 1252;                 // of paths and messages
 };
+
+// The path that a command line names, "" for none; blanks and one pair of quotes around it are dropped.
+std::string withoutQuotes(const std::string& commandLine);
 
 class DesignerShell {
  public:

@@ -69,7 +69,8 @@ HMENU menuBar(const std::vector<Menu>& menus) {
 DesignerParts partsOf(const DesignerSetup& setup, Progress& progress, HDC measuring) {
   const std::span<const std::uint8_t> icon = setup.defaultIcon;
   return {{setup.files, setup.messages, setup.chooser, setup.settings, setup.clock, progress,
-           setup.programFolder, [icon] { return Bytes(icon.begin(), icon.end()); }, setup.firstInstance},
+           setup.programFolder, [icon] { return Bytes(icon.begin(), icon.end()); }, setup.firstInstance,
+           systemCodePage()},
           setup.dialogs,
           decoder(),
           [measuring](std::string_view text, const FontSpec& font) {

@@ -197,6 +197,16 @@ TEST_F(Designer, SaveAsSetsTheExtensionAndAsksBeforeOverwriting) {
   EXPECT_EQ(files.textOf("/d.x/shop.qvf").size(), 100000u);  // in place, never cut
 }
 
+TEST_F(Designer, SaysTheSystemsWordsInThePageOfItsMessages) {
+  putProject("/d/\xC3\x84.qvf", "One");  // the system's words are UTF-8 and name the path
+  ASSERT_TRUE(shell().start("/d/\xC3\x84.qvf"));
+  files.setReadOnly("/d/\xC3\x84.qvf", true);
+  EXPECT_FALSE(shell().save());
+  ASSERT_EQ(messages.shown.size(), 1u);
+  const std::string& text = messages.shown.back().text;
+  EXPECT_NE(text.find("/\xC4.qvf", text.find('\n')), std::string::npos) << text;
+}
+
 TEST_F(Designer, ExitAsksAboutChangesAndAFailedSaveKeepsTheProgram) {
   putProject("/d/one.qvf", "One");
   ASSERT_TRUE(shell().start("/d/one.qvf"));

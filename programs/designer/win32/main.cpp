@@ -30,6 +30,17 @@ std::string programFolder() {
   return folderOf(fromWide(path, systemCodePage()));
 }
 
+// A project named from the current folder, so that it is found again from any other; "" stays.
+std::string fullPath(const std::string& commandLine) {
+  const std::string path = withoutQuotes(commandLine);
+  if (path.empty()) return path;
+  std::wstring full(32768, L'\0');
+  const DWORD length = ::GetFullPathNameW(toWide(path, systemCodePage()).c_str(),
+                                          static_cast<DWORD>(full.size()), full.data(), nullptr);
+  full.resize(length < full.size() ? length : 0);
+  return full.empty() ? path : fromWide(full, systemCodePage());
+}
+
 void startSystem() {
   ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES};
@@ -61,7 +72,7 @@ int runDesigner(const std::string& commandLine, int show) {
   DesignerFrame frame({systemFiles(), messages, chooser, *settings, clock, dialogs, programFolder(), first,
                        resource("CUSTOM", PLINTH_STUB), resource("CUSTOM", PLINTH_DEFAULT_ICON), kVersion});
   window = frame.window();
-  if (!frame.start(commandLine, show)) return 1;
+  if (!frame.start(fullPath(commandLine), show)) return 1;
   const int result = runMessages();
   window = nullptr;
   return result;
