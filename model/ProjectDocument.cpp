@@ -50,19 +50,8 @@ RunMenus englishMenus() {
 
 }  // namespace
 
-ProjectDocument::ProjectDocument()
-    : fields(1),
-      memos(2),
-      combos(1),
-      titles(6),
-      scripts(1),
-      indexFeldCaption("Index"),
-      statisticsCaption("Statistics"),
-      deleteRecordCaption("&Delete Record"),
-      replaceMenuCaption("Replace..."),
-      menus(englishMenus()),
-      statLabels{"Sum", "Average", "Minimum", "Maximum", "Count", "Deviation", "Chart"},
-      pageCaptions{"Page 1", "Page 2", "Page 3", "Page 4", "Page 5"} {
+ProjectDocument::ProjectDocument() {
+  menus = englishMenus();
   palette.fill(0xFFFFFF);
   std::copy(std::begin(kColors), std::end(kColors), palette.begin());
   titles[0].caption = titles[1].caption = "Help Text Displays Here";

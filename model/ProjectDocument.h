@@ -52,6 +52,7 @@ struct FieldRow {
   std::string fontName = "Arial";
   float fontSize = 9;
   bool fontBold = false, fontItalic = false;
+  bool operator==(const FieldRow&) const = default;
 };
 
 struct MemoRow {
@@ -68,6 +69,7 @@ struct MemoRow {
   std::string fontName = "Arial";
   float fontSize = 8.25f;
   bool fontBold = false, fontItalic = false;
+  bool operator==(const MemoRow&) const = default;
 };
 
 struct ComboRow {
@@ -84,6 +86,7 @@ struct ComboRow {
   float fontSize = 8.25f;
   bool fontBold = false, fontItalic = false;
   std::vector<std::string> items;
+  bool operator==(const ComboRow&) const = default;
 };
 
 struct PictureRow {
@@ -97,6 +100,7 @@ struct PictureRow {
   std::int16_t picBorder = 0;
   bool picFlag = false;  // holds a picture of each record
   std::int16_t pictureMode = 0;
+  bool operator==(const PictureRow&) const = default;
 };
 
 struct CheckRow {
@@ -106,6 +110,7 @@ struct CheckRow {
   float left = 0, top = 0;
   std::string tag, helpText;
   std::int16_t tabOrder = 0;
+  bool operator==(const CheckRow&) const = default;
 };
 
 struct TitleRow {
@@ -119,6 +124,7 @@ struct TitleRow {
   std::int32_t foreColor = 0;
   float left = 0, top = 0;
   std::string caption, tag, helpText;
+  bool operator==(const TitleRow&) const = default;
 };
 
 struct LineRow {
@@ -127,6 +133,7 @@ struct LineRow {
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
   std::int32_t borderColor = 0;
   std::uint8_t printOn = 0;
+  bool operator==(const LineRow&) const = default;
 };
 
 struct SquareRow {
@@ -140,12 +147,14 @@ struct SquareRow {
   std::int16_t fillStyle = 1;  // 0 solid, 1 transparent, 2 to 7 hatches
   std::int16_t borderStyle = 1;
   float left = 0, top = 0, width = 0, height = 0;
+  bool operator==(const SquareRow&) const = default;
 };
 
 struct ScriptRow {
   std::int16_t page = kPageVacant;
   float left = 0, top = 0, width = 0, height = 0;
   std::string tag;  // the script: a block of the HTML export
+  bool operator==(const ScriptRow&) const = default;
 };
 
 struct ButtonRow {
@@ -160,17 +169,20 @@ struct ButtonRow {
   std::int32_t backColor = 0xC0C0C0, foreColor = 0;
   std::int16_t buttonIcon = 0;
   std::string buttonPath;  // script
+  bool operator==(const ButtonRow&) const = default;
 };
 
 // A document template of the finished application.
 struct DocumentTemplate {
   std::string plateExt, templatePath, viewDocName;
+  bool operator==(const DocumentTemplate&) const = default;
 };
 
 // An optional program in the application's menu.
 struct OptionalProgram {
   bool visible = false;
   std::string caption, path;
+  bool operator==(const OptionalProgram&) const = default;
 };
 
 // Captions of the run-time menus, in file order.
@@ -178,6 +190,7 @@ struct RunMenus {
   std::string mlist, newin, printingit, exitit, copyadress, erasefile, deletemarkrec, finden0, finden3, cal,
       infoo, aboutit, newview, fmenu, ops, finding, helpit, viewDoc, expot, copying, pasting, cuting, finden4,
       finden5, importmenu;
+  bool operator==(const RunMenus&) const = default;
 };
 
 // Options of the finished application (the dialog Form8 and what belongs to it), by the names of their
@@ -201,6 +214,7 @@ struct AppOptions {
   std::int16_t check15 = 0;  // "Calendar"
   std::int16_t fieldToolBox = 0;
   std::int16_t wMax = 0;
+  bool operator==(const AppOptions&) const = default;
 };
 
 // The search window's options (the dialog Form15).
@@ -208,30 +222,29 @@ struct SearchOptions {
   std::array<std::string, 11> text1;  // columns: a letter and a number, "F2"
   std::int16_t check2 = 1, check3 = 1, check4 = 1, check5 = 0, check6 = 0;
   std::string text3 = "Courier New";
+  bool operator==(const SearchOptions&) const = default;
 };
 
 struct FileProperties {
   std::int16_t deskIcon = 0;
   std::array<std::string, 9>
       comments;  // company, description, copyright, trademarks, product, version, setup ...
+  bool operator==(const FileProperties&) const = default;
 };
 
-struct ProjectDocument {
-  ProjectDocument();
-
-  // Tables. Index 0 of fields, combos and scripts, 0 and 1 of memos and 0 to 5 of titles exist from the
-  // start; the others begin empty. The highest index is size() - 1.
-  std::vector<FieldRow> fields;
-  std::vector<MemoRow> memos;
-  std::vector<ComboRow> combos;
+// The objects. Index 0 of fields, combos and scripts, 0 and 1 of memos and 0 to 5 of titles exist from the
+// start; the others begin empty. The highest index is size() - 1.
+struct ProjectTables {
+  std::vector<FieldRow> fields = std::vector<FieldRow>(1);
+  std::vector<MemoRow> memos = std::vector<MemoRow>(2);
+  std::vector<ComboRow> combos = std::vector<ComboRow>(1);
   std::vector<PictureRow> pictures;
   std::vector<CheckRow> checks;
-  std::vector<TitleRow> titles;
+  std::vector<TitleRow> titles = std::vector<TitleRow>(6);
   std::vector<LineRow> lines;
   std::vector<SquareRow> squares;
-  std::vector<ScriptRow> scripts;
+  std::vector<ScriptRow> scripts = std::vector<ScriptRow>(1);
   std::vector<ButtonRow> buttons;
-  std::vector<ReportRow> reports;
 
   // Counts as the project knows them: the highest index in use, by kind (fields 0 when empty, titles 5,
   // checks -1, ...).
@@ -241,17 +254,21 @@ struct ProjectDocument {
   int titleCount() const { return static_cast<int>(titles.size()) - 1; }
   int checkCount() const { return static_cast<int>(checks.size()) - 1; }
   int pictureCount() const { return static_cast<int>(pictures.size()) - 1; }
+  int lineCount() const { return static_cast<int>(lines.size()) - 1; }
+  int squareCount() const { return static_cast<int>(squares.size()) - 1; }
+  int scriptCount() const { return static_cast<int>(scripts.size()) - 1; }
   int buttonCount() const { return static_cast<int>(buttons.size()) - 1; }
+};
 
-  // Project-wide state.
-  std::string projectPath;
-  std::int16_t formatVersion = kFormatVersion;  // of the file last read
+// Everything a project holds beside its objects.
+struct ProjectValues {
+  std::vector<ReportRow> reports;
   std::uint8_t languageCode = 1;
   std::int16_t charSet = 0;
-  bool dirty = false;
-  std::string appTitle;          // title of the application
-  std::string indexFeldCaption;  // menu captions that stand apart in the file
-  std::string statisticsCaption, deleteRecordCaption, replaceMenuCaption;
+  std::string appTitle;  // title of the application
+  // Menu captions that stand apart in the file.
+  std::string indexFeldCaption = "Index", statisticsCaption = "Statistics",
+              deleteRecordCaption = "&Delete Record", replaceMenuCaption = "Replace...";
   Bytes appIcon;  // bytes of the ".ico" file
   std::string appIconPath, defaultImagePath;
   std::int16_t emailField = 0, emailNameField = 0;
@@ -270,7 +287,6 @@ struct ProjectDocument {
   float scrollLeft = 9600, scrollHeight = 7200;
   float formHeight = 8250, formWidth = 10050;
   std::int16_t dateVal = 4, dateVal2 = 4;  // date styles, 0 to 5
-  std::string helpFile;
   bool calVisible = true, aboutitVisible = true;
   RunMenus menus;
   AppOptions options;
@@ -282,9 +298,19 @@ struct ProjectDocument {
   std::string reservedText;
   std::array<std::string, 151> engineText;
   std::array<std::string, 60> menuText;
-  std::array<std::string, 7> statLabels;
+  std::array<std::string, 7> statLabels{"Sum",   "Average",   "Minimum", "Maximum",
+                                        "Count", "Deviation", "Chart"};
   std::array<std::string, 12> functionKey;
-  std::array<std::string, 5> pageCaptions;  // PGE
+  std::array<std::string, 5> pageCaptions{"Page 1", "Page 2", "Page 3", "Page 4", "Page 5"};  // PGE
+  bool operator==(const ProjectValues&) const = default;
+};
+
+struct ProjectDocument : ProjectTables, ProjectValues {
+  ProjectDocument();
+
+  std::string projectPath, helpFile;
+  std::int16_t formatVersion = kFormatVersion;  // of the file last read
+  bool dirty = false;                           // differs from its file
 };
 
 }  // namespace plinth

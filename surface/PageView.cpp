@@ -17,12 +17,6 @@ constexpr int kHelpBar = 1, kFirstShownTitle = 1;
 
 float points(float size) { return std::isfinite(size) ? std::clamp(size, 1.0f, 200.0f) : 8.25f; }
 
-// Combos have no height of their own but that of a line in their font; reckoned, so that pages are laid out
-// alike on every machine.
-int comboHeight(float size) {
-  return static_cast<int>(std::lround(points(size) * 96 / 72 * 1.27f)) + kComboPadding;
-}
-
 template <class Row>
 FontSpec fontOf(const Row& row, int charSet) {
   return {row.fontName, points(row.fontSize), row.fontBold, row.fontItalic, false, charSet};
@@ -79,11 +73,8 @@ struct Builder {
                        row.picField};
   }
   ItemShape title(const TitleRow& row) const {
-    TitleItem item{{},
-                   row.caption,
-                   underlinedFontOf(row, document.charSet),
-                   plainColor(row.foreColor),
-                   alignOf(row.alignment)};
+    TitleItem item{
+        {}, row.caption, titleFont(row, document.charSet), plainColor(row.foreColor), alignOf(row.alignment)};
     const SizePx size = measure(item.text, item.font);
     item.rect = {placePx(row.left), placePx(row.top), size.width, size.height};
     return item;
@@ -102,7 +93,7 @@ struct Builder {
   ItemShape combo(const ComboRow& row) const {
     const FontSpec font = fontOf(row, document.charSet);
     const RectPx text{placePx(row.left), placePx(row.top), std::max(0, placePx(row.width)),
-                      comboHeight(row.fontSize)};
+                      comboTextHeight(row.fontSize)};
     return ComboItem{comboFrame(text, row.frameStyle),
                      text,
                      {row.frameStyle, plainColor(row.frameColor)},
@@ -187,6 +178,13 @@ std::shared_ptr<Image> StoredImages::at(const std::string& path) {
   const std::optional<Bytes> bytes = load_(path);
   return images_[path] = bytes ? decoder_.decode(*bytes) : nullptr;
 }
+
+// That of a line in the font; reckoned, so that pages are laid out alike on every machine.
+int comboTextHeight(float fontSize) {
+  return static_cast<int>(std::lround(points(fontSize) * 96 / 72 * 1.27f)) + kComboPadding;
+}
+
+FontSpec titleFont(const TitleRow& row, int charSet) { return underlinedFontOf(row, charSet); }
 
 bool showsOnPage(int objectPage, bool visible, int page) {
   if (objectPage == kPageAll) return true;

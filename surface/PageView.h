@@ -50,6 +50,11 @@ bool showsOnPage(int objectPage, bool visible, int page);
 PageItems pageItems(const ProjectDocument& document, int page, PageImages& images,
                     const TextMeasure& measure);
 
+// Height of a combo's text in pixels, by its font size in points; combos have none of their own.
+int comboTextHeight(float fontSize);
+// Font of a label.
+FontSpec titleFont(const TitleRow& row, int charSet);
+
 // Size of the pages in pixels: of the chosen paper, else the user's own; always within 32 to 20000, whatever
 // the project says. Back colour of a page (0 to 4).
 SizePx pageSizePx(const ProjectDocument& document);

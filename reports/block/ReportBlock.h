@@ -19,17 +19,20 @@ struct ReportShape {
   std::int32_t fillColor = 0xFFFFFF;
   std::int32_t borderColor = 0;
   float height = 0, width = 0, top = 0, left = 0;
+  bool operator==(const ReportShape&) const = default;
 };
 
 struct ReportLine {
   std::int32_t borderColor = 0;
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+  bool operator==(const ReportLine&) const = default;
 };
 
 struct ReportPicture {
   float top = 0, left = 0, height = 0, width = 0;
   std::int16_t pictureOfImage = 0;  // index of the picture object it shows
   std::int16_t rowOfPicture = 1;    // record slot on the page
+  bool operator==(const ReportPicture&) const = default;
 };
 
 struct ReportLabel {
@@ -43,6 +46,7 @@ struct ReportLabel {
   std::int16_t fieldOfLabel = -1;  // -1 plain text, else the object number
   std::string caption;             // plain text, or "F<n>,<slot>" and its kin
   std::int16_t rowOfLabel = 0;     // record slot on the page, 0 upward
+  bool operator==(const ReportLabel&) const = default;
 };
 
 struct ReportRow {
@@ -53,6 +57,7 @@ struct ReportRow {
   std::vector<ReportLine> lines;
   std::vector<ReportPicture> pictures;
   std::vector<ReportLabel> labels;
+  bool operator==(const ReportRow&) const = default;
 };
 
 }  // namespace plinth
