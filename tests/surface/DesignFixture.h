@@ -46,7 +46,8 @@ struct DesignFixture {
   DesignFixture& operator=(const DesignFixture&) = delete;
 
   // Appends a live object with the outside given, as far as the kind has one; a line runs from the left top
-  // corner to the right bottom one. Line 0 stays vacant, as in every project that was saved.
+  // corner to the right bottom one. Line 0 stays vacant, as in every project that was saved. Fields are 21
+  // high whatever is asked, combos as high as their font asks.
   ObjectRef add(ObjectKind kind, RectPx place, int page = 0) {
     const int index = visitTable(document, kind, [kind](auto& rows) {
       if (kind == ObjectKind::Line && rows.empty()) rows.emplace_back();
@@ -55,6 +56,7 @@ struct DesignFixture {
     });
     const ObjectRef object{kind, index};
     setPage(document, object, page);
+    if (kind == ObjectKind::Field) document.fields.back().height = pixelsToTwips(15);
     if (kind == ObjectKind::Line) {
       setLineEnds(document, index, {{place.left, place.top}, {place.right(), place.bottom()}});
     } else {
