@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "model/PaperSize.h"
 #include "widgets/PagePlaces.h"
@@ -31,38 +32,20 @@ FontSpec underlinedFontOf(const Row& row, int charSet) {
 
 struct Builder {
   const ProjectDocument& document;
-  int page;
   PageImages& images;
   const TextMeasure& measure;
-  PageItems items;
 
-  void add(ObjectKind kind, int index, ItemShape shape) {
-    items.push_back({{static_cast<int>(kind), index}, std::move(shape)});
-  }
-  // Calls make(row) for every row from `first` on that shows on the page.
-  template <class Row, class Make>
-  void each(ObjectKind kind, const std::vector<Row>& rows, int first, Make make) {
-    for (int i = first; i < static_cast<int>(rows.size()); ++i) {
-      const Row& row = rows[static_cast<std::size_t>(i)];
-      bool visible = true;
-      if constexpr (requires { row.visible; }) visible = row.visible;
-      // The page switch leaves the help bar alone: shown once, it shows on all pages.
-      const bool helpBar = kind == ObjectKind::Title && i == kHelpBar && isLivePage(row.page) && visible;
-      if (helpBar || showsOnPage(row.page, visible, page)) add(kind, i, make(row));
-    }
-  }
-
-  ItemShape square(const SquareRow& row) const {
+  ItemShape shapeOf(const SquareRow& row) const {
     return SquareItem{placePx(row.left, row.top, row.width, row.height), shapeFormOf(row.shapeType),
                       squarePen(row.borderStyle, row.borderWidth, row.borderColor),
                       squareBrush(row.backStyle, row.backColor, row.fillStyle, row.fillColor)};
   }
-  ItemShape line(const LineRow& row) const {
+  ItemShape shapeOf(const LineRow& row) const {
     return LineItem{{placePx(row.x1), placePx(row.y1)},
                     {placePx(row.x2), placePx(row.y2)},
                     {LineStyle::solid, 1, plainColor(row.borderColor)}};
   }
-  ItemShape picture(const PictureRow& row) const {
+  ItemShape shapeOf(const PictureRow& row) const {
     std::shared_ptr<Image> image = images.at(row.picturePath);
     if (!image && row.picFlag) image = images.at(document.defaultImagePath);
     return PictureItem{placePx(row.left, row.top, row.width, row.height),
@@ -72,14 +55,14 @@ struct Builder {
                        row.picFlag || row.picturePath.empty(),
                        row.picField};
   }
-  ItemShape title(const TitleRow& row) const {
+  ItemShape shapeOf(const TitleRow& row) const {
     TitleItem item{
         {}, row.caption, titleFont(row, document.charSet), plainColor(row.foreColor), alignOf(row.alignment)};
     const SizePx size = measure(item.text, item.font);
     item.rect = {placePx(row.left), placePx(row.top), size.width, size.height};
     return item;
   }
-  ItemShape field(const FieldRow& row) const {
+  ItemShape shapeOf(const FieldRow& row) const {
     const RectPx text = placePx(row.left, row.top, row.width, row.height);
     return BoxItem{fieldFrame(text),
                    text,
@@ -90,7 +73,7 @@ struct Builder {
                    plainColor(row.backColor),
                    alignOf(row.alignment)};
   }
-  ItemShape combo(const ComboRow& row) const {
+  ItemShape shapeOf(const ComboRow& row) const {
     const FontSpec font = fontOf(row, document.charSet);
     const RectPx text{placePx(row.left), placePx(row.top), std::max(0, placePx(row.width)),
                       comboTextHeight(row.fontSize)};
@@ -102,7 +85,7 @@ struct Builder {
                      plainColor(row.foreColor),
                      plainColor(row.backColor)};
   }
-  ItemShape memo(const MemoRow& row) const {
+  ItemShape shapeOf(const MemoRow& row) const {
     const RectPx text = placePx(row.left, row.top, row.width, row.height);
     return BoxItem{memoFrame(text, row.frameStyle),
                    text,
@@ -114,11 +97,11 @@ struct Builder {
                    TextAlign::left,
                    true};
   }
-  ItemShape check(const CheckRow& row) const {
+  ItemShape shapeOf(const CheckRow& row) const {
     return CheckItem{
         {placePx(row.left), placePx(row.top), kCheckBoxSize, kCheckBoxSize}, false, row.appearance != 0};
   }
-  ItemShape button(const ButtonRow& row) const {
+  ItemShape shapeOf(const ButtonRow& row) const {
     return ButtonItem{placePx(row.left, row.top, row.width, row.height),
                       row.caption,
                       underlinedFontOf(row, document.charSet),
@@ -126,10 +109,20 @@ struct Builder {
                       plainColor(row.backColor),
                       buttonIconOf(row.buttonIcon)};
   }
-  ItemShape script(const ScriptRow& row) const {
+  ItemShape shapeOf(const ScriptRow& row) const {
     return ScriptItem{placePx(row.left, row.top, row.width, row.height), row.tag};
   }
 };
+
+template <class Row>
+bool showsAt(const Row& row, ObjectKind kind, int index, int page) {
+  bool visible = true;
+  if constexpr (requires { row.visible; }) visible = row.visible;
+  // The page switch leaves the help bar alone: shown once, it shows on all pages.
+  const bool helpBar =
+      kind == ObjectKind::Title && index == kHelpBar && isLivePage(static_cast<int>(row.page)) && visible;
+  return helpBar || showsOnPage(static_cast<int>(row.page), visible, page);
+}
 
 double distanceToLine(const LineItem& line, PointPx p) {
   const double dx = line.to.x - line.from.x, dy = line.to.y - line.from.y;
@@ -186,26 +179,50 @@ int comboTextHeight(float fontSize) {
 
 FontSpec titleFont(const TitleRow& row, int charSet) { return underlinedFontOf(row, charSet); }
 
+TextMeasure remembering(TextMeasure measure) {
+  constexpr std::size_t kMost = 20000;
+  using Known = std::map<std::string, SizePx, std::less<>>;
+  return [measure = std::move(measure), known = std::make_shared<Known>()](std::string_view text,
+                                                                           const FontSpec& font) {
+    std::string key = font.name + '\0' + std::to_string(font.points) + (font.bold ? 'b' : ' ') +
+                      (font.italic ? 'i' : ' ') + std::to_string(font.charSet) + ' ';
+    key += text;
+    const auto found = known->find(key);
+    if (found != known->end()) return found->second;
+    if (known->size() >= kMost) known->clear();
+    return known->emplace(std::move(key), measure(text, font)).first->second;
+  };
+}
+
 bool showsOnPage(int objectPage, bool visible, int page) {
   if (objectPage == kPageAll) return true;
   return objectPage == page && page >= 0 && page < kPages && (page != 0 || visible);
 }
 
+std::optional<ItemShape> itemOf(const ProjectDocument& document, ObjectRef object, PageImages& images,
+                                const TextMeasure& measure) {
+  const Builder builder{document, images, measure};
+  std::optional<ItemShape> shape;
+  withRow(document, object, [&](const auto& row) { shape = builder.shapeOf(row); });
+  return shape;
+}
+
 PageItems pageItems(const ProjectDocument& document, int page, PageImages& images,
                     const TextMeasure& measure) {
-  Builder b{document, page, images, measure, {}};
-  b.each(ObjectKind::Square, document.squares, 0, [&](const SquareRow& row) { return b.square(row); });
-  b.each(ObjectKind::Line, document.lines, 0, [&](const LineRow& row) { return b.line(row); });
-  b.each(ObjectKind::Picture, document.pictures, 0, [&](const PictureRow& row) { return b.picture(row); });
-  b.each(ObjectKind::Title, document.titles, kFirstShownTitle,
-         [&](const TitleRow& row) { return b.title(row); });
-  b.each(ObjectKind::Field, document.fields, 1, [&](const FieldRow& row) { return b.field(row); });
-  b.each(ObjectKind::Combo, document.combos, 1, [&](const ComboRow& row) { return b.combo(row); });
-  b.each(ObjectKind::Memo, document.memos, 1, [&](const MemoRow& row) { return b.memo(row); });
-  b.each(ObjectKind::CheckBox, document.checks, 0, [&](const CheckRow& row) { return b.check(row); });
-  b.each(ObjectKind::Button, document.buttons, 0, [&](const ButtonRow& row) { return b.button(row); });
-  b.each(ObjectKind::Script, document.scripts, 1, [&](const ScriptRow& row) { return b.script(row); });
-  return std::move(b.items);
+  using enum ObjectKind;
+  constexpr std::pair<ObjectKind, int> kBackToFront[] = {
+      {Square, 0},   {Line, 0},   {Picture, 0}, {Title, kFirstShownTitle}, {Field, 1}, {Combo, 1}, {Memo, 1},
+      {CheckBox, 0}, {Button, 0}, {Script, 1}};
+  const Builder builder{document, images, measure};
+  PageItems items;
+  for (const auto& [kind, first] : kBackToFront)
+    visitTable(document, kind, [&](const auto& rows) {
+      for (int i = first; i < static_cast<int>(rows.size()); ++i) {
+        const auto& row = rows[static_cast<std::size_t>(i)];
+        if (showsAt(row, kind, i, page)) items.push_back({itemRef({kind, i}), builder.shapeOf(row)});
+      }
+    });
+  return items;
 }
 
 SizePx pageSizePx(const ProjectDocument& document) {

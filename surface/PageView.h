@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "model/ObjectKinds.h"
 #include "model/ProjectDocument.h"
 #include "platform/Canvas.h"
 #include "widgets/PageItems.h"
@@ -44,6 +45,13 @@ using TextMeasure = std::function<SizePx(std::string_view, const FontSpec&)>;
 // only.
 bool showsOnPage(int objectPage, bool visible, int page);
 
+// The same measure, remembering what it measured: pages are laid out anew at each change.
+TextMeasure remembering(TextMeasure measure);
+
+// How one object looks, whether it shows or not; nullopt when there is no such object.
+std::optional<ItemShape> itemOf(const ProjectDocument& document, ObjectRef object, PageImages& images,
+                                const TextMeasure& measure);
+
 // All objects that show on a page, squares at the back, then lines, pictures, titles, fields, combos, memos,
 // check boxes, buttons, scripts. Pixels from the page's top left corner; each item's ref is its ObjectKind
 // and index.
@@ -70,5 +78,9 @@ int objectsInProject(const ProjectDocument& document);
 
 // Index into `items` of the front-most item at a point, -1 for none. Lines are met within three pixels.
 int itemAt(const PageItems& items, PointPx point);
+
+inline ItemRef itemRef(ObjectRef object) { return {static_cast<int>(object.kind), object.index}; }
+// ref: of an item that pageItems() made.
+inline ObjectRef objectRef(ItemRef ref) { return {static_cast<ObjectKind>(ref.kind), ref.index}; }
 
 }  // namespace plinth
