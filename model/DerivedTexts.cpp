@@ -7,26 +7,55 @@
 namespace plinth {
 namespace {
 
-struct CaptionLabel {
-  std::string RunMenus::*caption;
-  int label;
-  bool opensDialog;
-};
+constexpr bool kDialog = true;
 
-constexpr CaptionLabel kMenuLabels[] = {
-    {&RunMenus::mlist, 394, true},          {&RunMenus::newin, 159, true},
-    {&RunMenus::printingit, 178, true},     {&RunMenus::exitit, 157, false},
-    {&RunMenus::copyadress, 384, false},    {&RunMenus::erasefile, 385, false},
-    {&RunMenus::deletemarkrec, 386, false}, {&RunMenus::finden0, 388, true},
-    {&RunMenus::finden3, 389, false},       {&RunMenus::cal, 375, false},
-    {&RunMenus::infoo, 373, false},         {&RunMenus::aboutit, 374, true},
-    {&RunMenus::newview, 395, false},       {&RunMenus::fmenu, 367, false},
-    {&RunMenus::ops, 371, false},           {&RunMenus::finding, 369, false},
-    {&RunMenus::helpit, 370, false},        {&RunMenus::viewDoc, 372, false},
-    {&RunMenus::expot, 118, true},          {&RunMenus::copying, 381, false},
-    {&RunMenus::pasting, 383, false},       {&RunMenus::cuting, 382, false},
-    {&RunMenus::finden4, 390, false},       {&RunMenus::finden5, 393, false},
-    {&RunMenus::importmenu, 380, true}};
+constexpr MenuCaption menu(std::string RunMenus::*caption, int label, bool opensDialog = false) {
+  return {caption, nullptr, label, opensDialog};
+}
+constexpr MenuCaption apart(std::string ProjectValues::*caption, int label, bool opensDialog = false) {
+  return {nullptr, caption, label, opensDialog};
+}
+
+constexpr MenuCaption kMenuCaptions[] = {menu(&RunMenus::mlist, 394, kDialog),
+                                         menu(&RunMenus::newin, 159, kDialog),
+                                         menu(&RunMenus::printingit, 178, kDialog),
+                                         menu(&RunMenus::exitit, 157),
+                                         menu(&RunMenus::copyadress, 384),
+                                         menu(&RunMenus::erasefile, 385),
+                                         menu(&RunMenus::deletemarkrec, 386),
+                                         menu(&RunMenus::finden0, 388, kDialog),
+                                         menu(&RunMenus::finden3, 389),
+                                         menu(&RunMenus::cal, 375),
+                                         menu(&RunMenus::infoo, 373),
+                                         menu(&RunMenus::aboutit, 374, kDialog),
+                                         menu(&RunMenus::newview, 395),
+                                         menu(&RunMenus::fmenu, 367),
+                                         menu(&RunMenus::ops, 371),
+                                         menu(&RunMenus::finding, 369),
+                                         menu(&RunMenus::helpit, 370),
+                                         menu(&RunMenus::viewDoc, 372),
+                                         menu(&RunMenus::expot, 118, kDialog),
+                                         menu(&RunMenus::copying, 381),
+                                         menu(&RunMenus::pasting, 383),
+                                         menu(&RunMenus::cuting, 382),
+                                         menu(&RunMenus::finden4, 390),
+                                         menu(&RunMenus::finden5, 393),
+                                         menu(&RunMenus::importmenu, 380, kDialog),
+                                         apart(&ProjectValues::indexFeldCaption, 399),
+                                         apart(&ProjectValues::statisticsCaption, 397),
+                                         apart(&ProjectValues::deleteRecordCaption, 387),
+                                         apart(&ProjectValues::replaceMenuCaption, 396, kDialog)};
+
+// Calls visit(label, entry) for each entry of the three tables.
+template <class F>
+void forEachDerived(ProjectDocument& d, F visit) {
+  const auto walk = [&visit](auto& table, int (*labelOf)(int)) {
+    for (std::size_t i = 0; i < table.size(); ++i) visit(labelOf(static_cast<int>(i)), table[i]);
+  };
+  walk(d.engineText, engineTextLabel);
+  walk(d.menuText, menuTextLabel);
+  walk(d.statLabels, statLabel);
+}
 
 }  // namespace
 
@@ -50,20 +79,19 @@ int menuTextLabel(int index) { return index < 57 ? 180 + index : 364 + index - 5
 
 int statLabel(int index) { return 318 + index; }
 
+std::span<const MenuCaption> menuCaptions() { return kMenuCaptions; }
+
 void applyLabels(const LanguageTexts& texts, ProjectDocument& d) {
   if (texts.empty()) return;
-  for (std::size_t i = 0; i < d.engineText.size(); ++i)
-    d.engineText[i] = texts.text(engineTextLabel(static_cast<int>(i)));
-  for (std::size_t i = 0; i < d.menuText.size(); ++i)
-    d.menuText[i] = texts.text(menuTextLabel(static_cast<int>(i)));
-  for (std::size_t i = 0; i < d.statLabels.size(); ++i)
-    d.statLabels[i] = texts.text(statLabel(static_cast<int>(i)));
-  for (const CaptionLabel& entry : kMenuLabels)
-    d.menus.*entry.caption = texts.text(entry.label) + (entry.opensDialog ? "..." : "");
-  d.indexFeldCaption = texts.text(399);
-  d.statisticsCaption = texts.text(397);
-  d.deleteRecordCaption = texts.text(387);
-  d.replaceMenuCaption = texts.text(396) + "...";
+  forEachDerived(d, [&](int label, std::string& entry) { entry = texts.text(label); });
+  for (const MenuCaption& entry : kMenuCaptions)
+    entry.of(d) = texts.text(entry.label) + (entry.opensDialog ? "..." : "");
+}
+
+void applyLabel(int label, const std::string& text, ProjectDocument& d) {
+  forEachDerived(d, [&](int from, std::string& entry) {
+    if (from == label) entry = text;
+  });
 }
 
 ProjectDocument emptyDocument(const LanguageTexts& texts, double today) {

@@ -73,10 +73,11 @@ bool DesignerShell::openExample(const std::string& path) {
   return true;
 }
 
-bool DesignerShell::load(const std::string& path, bool keepLook) {
+bool DesignerShell::load(const std::string& path, bool keepLook, const std::string& asPath) {
   const Result<Bytes> bytes = services_.files.read(path);
   if (!bytes.ok()) {
-    services_.messages.show(texts_.text(327, path) + "\n" + fromUtf8(bytes.error().text, services_.codePage), MessageIcon::error);
+    services_.messages.show(texts_.text(327, path) + "\n" + fromUtf8(bytes.error().text, services_.codePage),
+                            MessageIcon::error);
     return false;
   }
   LoadResult result;
@@ -94,7 +95,8 @@ bool DesignerShell::load(const std::string& path, bool keepLook) {
     services_.messages.show(texts_.text(329), MessageIcon::error);
     return false;
   }
-  takeDocument(std::move(result.document), path);
+  if (keepLook) result.document.languageCode = document_.languageCode;
+  takeDocument(std::move(result.document), asPath);
   for (const LoadMessage& message : result.messages)
     services_.messages.show(message.text(texts_), MessageIcon::warning);
   if (!result.complete) services_.messages.show(texts_.text(331), MessageIcon::warning);
@@ -105,7 +107,8 @@ void DesignerShell::takeDocument(ProjectDocument document, const std::string& pa
   document_ = std::move(document);
   if (document_.appIcon.empty()) document_.appIcon = defaultIcon_;  // older files have none
   document_.projectPath = path;
-  document_.dirty = false;
+  document_.dirty = saveBrokeOff_ = false;
+  safety_->discard();
   setCaption("Rvn Plinth : " + (path.empty() ? defaultProject() : path) + " : ");
   view_.projectChanged();
 }
@@ -148,18 +151,25 @@ bool DesignerShell::saveTo(const std::string& path) {
     // A file that could not even be opened leaves the project as changed as it was. A write that broke off
     // leaves it marked as saved, since the mark goes with the file's header.
     const ErrorKind kind = written.error().kind;
-    if (kind == ErrorKind::full || kind == ErrorKind::failed) document_.dirty = false;
+    if (kind == ErrorKind::full || kind == ErrorKind::failed) {
+      document_.dirty = false;
+      saveBrokeOff_ = true;  // nobody will ask at the end, so the copy stays
+      (void)safety_->write(document_, *pictures_, lastPath_);
+    }
     services_.messages.show(
-        texts_.text(328, path) + "\n" + fromUtf8(written.error().text, services_.codePage), MessageIcon::error);
+        texts_.text(328, path) + "\n" + fromUtf8(written.error().text, services_.codePage),
+        MessageIcon::error);
     return false;
   }
   for (const std::string& picture : saved.unreadablePictures)
     services_.messages.show("Correct Picture File " + picture, MessageIcon::warning);
   if (saved.cutBytes > 0) services_.messages.show(texts_.text(339), MessageIcon::warning);
-  document_.dirty = false;
+  document_.dirty = saveBrokeOff_ = false;
   document_.projectPath = lastPath_ = path;
+  safety_->discard();
   setCaption(projectCaption(path));
   rememberFile(path);
+  view_.projectSaved();
   return true;
 }
 
@@ -170,7 +180,32 @@ bool DesignerShell::mayLeaveProject() {
   return save();
 }
 
-bool DesignerShell::mayExit() { return mayLeaveProject(); }
+bool DesignerShell::mayExit() {
+  if (!mayLeaveProject()) return false;
+  if (!saveBrokeOff_) safety_->discard();
+  return true;
+}
+
+void DesignerShell::tick(std::int64_t seconds) {
+  if (safety_ && !safety_->tick(document_, *pictures_, lastPath_, seconds))
+    services_.messages.show("The safety copy of the project could not be written.", MessageIcon::warning);
+}
+
+// Copies are offered one after the other until one is opened; what is left then waits for the next start.
+void DesignerShell::offerSafetyCopy() {
+  while (const std::optional<SafetyCopy::Found> found = safety_->find()) {
+    const std::string name = found->originalPath.empty() ? "a new project" : found->originalPath;
+    if (services_.messages.ask("Plinth was not closed properly. Open the safety copy of " + name + "?",
+                               MessageIcon::question)) {
+      if (!load(found->copyPath, false, found->originalPath)) return;
+      safety_->take(*found);
+      lastPath_ = found->originalPath;
+      document_.dirty = true;
+      return;
+    }
+    if (!safety_->remove(*found)) return;
+  }
+}
 
 bool DesignerShell::isDefaultProject(const std::string& path) const {
   return equalAsciiNoCase(path, defaultProject());

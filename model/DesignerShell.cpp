@@ -15,6 +15,20 @@ namespace {
 
 constexpr const char* kSection = "Settings";
 
+// The template window has its places from of old; the others stand side by side, so that none hides another.
+constexpr WindowPosition kWindowPositions[] = {
+    {"Form1Left", 600},         {"Form1Top", 600},       {"Form4Left", 1800},  {"Form4Top", 1800},
+    {"Form5Left", 2100},        {"Form5Top", 2100},      {"Form6Left", 2400},  {"Form6Top", 2400},
+    {"Form7Left", 2700},        {"Form7Top", 2700},      {"Form9Left", 3000},  {"Form9Top", 3000},
+    {"Form11Left", 3300},       {"Form11Top", 3300},     {"ConfigLeft", 3600}, {"ConfigTop", 3600},
+    {"CheckboxerLeft", 3900},   {"CheckboxerTop", 3900}, {"ButtonFrm", 4200},  {"XTempWindow", 240, true},
+    {"YTempWindow", 2300, true}};
+
+const WindowPosition* positionOf(std::string_view key) {
+  const auto found = std::ranges::find(kWindowPositions, key, &WindowPosition::key);
+  return found == std::ranges::end(kWindowPositions) ? nullptr : found;
+}
+
 std::vector<std::string> namesWith(const Files& files, const std::string& folder,
                                    const std::string& extension) {
   std::vector<std::string> names = files.list(folder);
@@ -48,6 +62,8 @@ std::string ownPictureFolder(Files& files, const std::string& shared) {
 
 }  // namespace
 
+std::span<const WindowPosition> windowPositions() { return kWindowPositions; }
+
 std::string withoutQuotes(const std::string& commandLine) {
   std::string path = trim(commandLine);
   if (path.size() >= 2 && path.front() == '"' && path.back() == '"') path = path.substr(1, path.size() - 2);
@@ -66,6 +82,7 @@ bool DesignerShell::start(const std::string& commandLine) {
   makeDefaultProject();
   const std::string path = withoutQuotes(commandLine);
   if (path.empty() || !openPath(path)) newProject();
+  if (services_.firstInstance) offerSafetyCopy();
   return true;
 }
 
@@ -90,6 +107,8 @@ bool DesignerShell::makePictureFolder() {
   else
     picTempDir_ = ownPictureFolder(files, picTempDir_);
   pictures_ = std::make_unique<DiskPictures>(files, picTempDir_);
+  const std::string copies = files.temporaryFolder() + "PlinthSafety" + files.separator();
+  safety_ = std::make_unique<SafetyCopy>(files, copies);
   return true;
 }
 
@@ -181,13 +200,33 @@ std::vector<std::string> DesignerShell::examples() const {
   return paths;
 }
 
+std::vector<std::string> DesignerShell::testTemplates() const {
+  std::vector<std::string> captions;
+  for (const DocumentTemplate& document : document_.documents) {
+    const bool complete = !document.plateExt.empty() && !document.templatePath.empty();
+    captions.push_back(complete ? texts_.text(137) + document.plateExt + texts_.text(106) : "");
+  }
+  return captions;
+}
+
+Settings& DesignerShell::settingsOf(const std::string& key) const {
+  const WindowPosition* known = positionOf(key);
+  const bool apart = known && known->ofTemplateList && services_.templateSettings;
+  return apart ? *services_.templateSettings : services_.settings;
+}
+
+int DesignerShell::position(const std::string& key) const {
+  const WindowPosition* known = positionOf(key);
+  return position(key, known ? known->fallback : 0);
+}
+
 int DesignerShell::position(const std::string& key, int fallback) const {
-  const std::string text = services_.settings.get(kSection, key, std::to_string(fallback));
+  const std::string text = settingsOf(key).get(kSection, key, std::to_string(fallback));
   return static_cast<int>(std::clamp(val(text), -32768.0, 32767.0));
 }
 
 void DesignerShell::keepPosition(const std::string& key, int value) {
-  services_.settings.set(kSection, key, std::to_string(value));
+  settingsOf(key).set(kSection, key, std::to_string(value));
 }
 
 }  // namespace plinth

@@ -3,9 +3,12 @@
 // knows a window.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/LanguageTexts.h"
@@ -13,6 +16,7 @@
 #include "model/ProjectDocument.h"
 #include "model/ProjectFile.h"
 #include "model/RecentFiles.h"
+#include "model/SafetyCopy.h"
 #include "platform/Chooser.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
@@ -27,6 +31,8 @@ class DesignerView {
   virtual ~DesignerView() = default;
   // Another project stands in the document: close the dialogs, drop selection and pages, build all anew.
   virtual void projectChanged() = 0;
+  // The project was saved, which may have put rows right: what is in the document now is the known state.
+  virtual void projectSaved() {}
   virtual void captionChanged(const std::string& caption) = 0;
   virtual void recentFilesChanged() = 0;
   // Texts, font or character set changed: set every caption again.
@@ -44,11 +50,20 @@ struct DesignerServices {
   Settings& settings;
   Clock& clock;
   Progress& progress;
-  std::string programFolder;           // with trailing separator
-  std::function<Bytes()> builtInIcon;  // the icon that the program carries
-  bool firstInstance = true;           // no other designer runs: its temporary pictures may be removed
-  int codePage = 1252;                 // of paths and messages
+  std::string programFolder;             // with trailing separator
+  std::function<Bytes()> builtInIcon;    // the icon that the program carries
+  bool firstInstance = true;             // no other designer runs: its temporary pictures may be removed
+  int codePage = 1252;                   // of paths and messages
+  Settings* templateSettings = nullptr;  // the store "QZ" of the template window; nullptr: in `settings`
 };
+
+// A place of a window that the settings keep, in whole twips.
+struct WindowPosition {
+  std::string_view key;
+  int fallback;                 // where the window stands the first time
+  bool ofTemplateList = false;  // kept in the store "QZ"
+};
+std::span<const WindowPosition> windowPositions();
 
 // The path that a command line names, "" for none; blanks and one pair of quotes around it are dropped.
 std::string withoutQuotes(const std::string& commandLine);
@@ -70,8 +85,12 @@ class DesignerShell {
   bool openExample(const std::string& path);
   bool save();
   bool saveAs();
-  // Asks about unsaved changes. True when the program may end (nothing to save, No, or saved).
+  // Asks about unsaved changes. True when the program may end (nothing to save, No, or saved): the safety
+  // copy is gone then, unless a save broke off.
   bool mayExit();
+  // To be called now and then while no command runs, with the seconds since some start: keeps the safety
+  // copy.
+  void tick(std::int64_t seconds);
   // Marks the project as changed.
   void changed() { document_.dirty = true; }
 
@@ -92,7 +111,11 @@ class DesignerShell {
   const std::string& lastPath() const { return lastPath_; }  // "": Save asks for a name
   // Paths of the example projects.
   std::vector<std::string> examples() const;
-  // Window positions of the settings section "Settings", whole twips.
+  // Captions of the entries TestTemplate, one for each document template; "" for those that are hidden.
+  std::vector<std::string> testTemplates() const;
+  // Window positions of the settings section "Settings", whole twips. Without a fallback the one of
+  // windowPositions() counts, 0 for a key that is none of them.
+  int position(const std::string& key) const;
   int position(const std::string& key, int fallback) const;
   void keepPosition(const std::string& key, int value);
 
@@ -105,8 +128,12 @@ class DesignerShell {
   bool loadLanguage(const std::string& name, bool fromMenu);
   void makeDefaultProject();
   ProjectDocument freshDocument() const;
-  bool load(const std::string& path, bool keepLook);
+  // asPath: where the project belongs, when that is not where it is read from.
+  bool load(const std::string& path, bool keepLook) { return load(path, keepLook, path); }
+  bool load(const std::string& path, bool keepLook, const std::string& asPath);
   void takeDocument(ProjectDocument document, const std::string& path);
+  void offerSafetyCopy();
+  Settings& settingsOf(const std::string& key) const;
   void rememberFile(const std::string& path);
   bool saveTo(const std::string& path);
   bool mayLeaveProject();
@@ -124,6 +151,8 @@ class DesignerShell {
   RecentFiles recent_;
   std::vector<std::string> languages_;
   std::unique_ptr<DiskPictures> pictures_;
+  std::unique_ptr<SafetyCopy> safety_;
+  bool saveBrokeOff_ = false;
   Bytes defaultIcon_;
   std::string caption_, lastPath_, picTempDir_, defaultImage_;
 };

@@ -42,8 +42,10 @@ std::optional<History::Step> History::difference(const ProjectDocument& document
   Step step;
   bool differs = false;
   const auto compare = [&differs](auto& table, auto& before, const auto& after) {
-    table.size = before.size();
-    differs = differs || before.size() != after.size();
+    if (before.size() != after.size()) {
+      differs = true;
+      table.size = before.size();
+    }
     for (std::size_t i = 0; i < before.size(); ++i) {
       if (i < after.size() && before[i] == after[i]) continue;
       differs = true;
@@ -68,11 +70,28 @@ std::optional<History::Step> History::difference(const ProjectDocument& document
 // The older step's state counts; it lacks what only the newer one touched.
 void History::merge(Step& older, Step newer) {
   const auto join = [](auto& mine, auto& theirs) {
+    if (!mine.size) mine.size = theirs.size;
     for (auto& [index, row] : theirs.rows)
-      if (index < mine.size) mine.rows.try_emplace(index, std::move(row));
+      if (!mine.size || index < *mine.size) mine.rows.try_emplace(index, std::move(row));
   };
   zip(join, older.tables, newer.tables);
   if (!older.values) older.values = std::move(newer.values);
+}
+
+// Takes out of a step what is no other in the document. False when nothing is left.
+bool History::dropEqual(Step& step, const ProjectDocument& document) {
+  bool left = false;
+  const auto drop = [&left](auto& table, const auto& rows) {
+    if (table.size == rows.size()) table.size.reset();
+    std::erase_if(table.rows, [&rows](const auto& row) {
+      return row.first < rows.size() && row.second == rows[row.first];
+    });
+    left = left || table.size || !table.rows.empty();
+  };
+  zip(drop, step.tables, tablesOf(document));
+  const ProjectValues& values = document;
+  if (step.values == values) step.values.reset();
+  return left || step.values;
 }
 
 bool History::commit(const ProjectDocument& document, const std::string& words, const std::string& mergeKey) {
@@ -81,6 +100,11 @@ bool History::commit(const ProjectDocument& document, const std::string& words, 
   redo_.clear();
   if (!mergeKey.empty() && mergeKey == mergeKey_ && !undo_.empty()) {
     merge(undo_.back(), std::move(*made));
+    if (!dropEqual(undo_.back(), document)) {
+      undo_.pop_back();
+      seal();
+      return true;
+    }
   } else {
     made->words = words;
     undo_.push_back(std::move(*made));
@@ -98,12 +122,16 @@ bool History::step(ProjectDocument& document, Steps& from, Steps& to) {
   Step other;
   other.words = step.words;
   const auto exchangeRows = [](auto& table, auto& rows, auto& kept, auto& otherTable) {
-    otherTable.size = rows.size();
-    for (std::size_t i = table.size; i < rows.size(); ++i) otherTable.rows.emplace(i, std::move(rows[i]));
-    rows.resize(table.size);
-    kept.resize(table.size);
+    const std::size_t before = rows.size();
+    if (table.size && *table.size != before) {
+      otherTable.size = before;
+      for (std::size_t i = *table.size; i < before; ++i) otherTable.rows.emplace(i, std::move(rows[i]));
+      rows.resize(*table.size);
+      kept.resize(*table.size);
+    }
     for (auto& [index, row] : table.rows) {
-      if (index < otherTable.size) otherTable.rows.insert_or_assign(index, std::move(rows[index]));
+      if (index >= rows.size()) break;  // a change that was not committed took the row away
+      if (index < before) otherTable.rows.insert_or_assign(index, std::move(rows[index]));
       kept[index] = row;
       rows[index] = std::move(row);
     }

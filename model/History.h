@@ -27,7 +27,8 @@ class History {
 
   // Makes a step of what changed since the last call; `words` say what was done ("move of F12"). False, and
   // no step, when nothing changed. Steps that follow each other with one mergeKey, "" never, become one: the
-  // letters of a word, the moves of a drag. Steps that could be redone are forgotten.
+  // letters of a word, the moves of a drag; when that brings back what was before, the step is gone. Steps
+  // that could be redone are forgotten.
   bool commit(const ProjectDocument& document, const std::string& words, const std::string& mergeKey = "");
   // The next commit starts a step of its own whatever its mergeKey.
   void seal() { mergeKey_.clear(); }
@@ -44,10 +45,11 @@ class History {
   std::size_t steps() const { return undo_.size(); }
 
  private:
-  // The other state of a kind's table: its size, and the rows that differ or that only it has.
+  // The other state of a kind's table: its size when that differs, and the rows that differ or that only it
+  // has.
   template <class Row>
   struct TableState {
-    std::size_t size = 0;
+    std::optional<std::size_t> size;
     std::map<std::size_t, Row> rows;
   };
   using Tables =
@@ -63,6 +65,7 @@ class History {
 
   std::optional<Step> difference(const ProjectDocument& document);
   static void merge(Step& older, Step newer);
+  static bool dropEqual(Step& step, const ProjectDocument& document);
   bool step(ProjectDocument& document, Steps& from, Steps& to);
 
   ProjectDocument known_;

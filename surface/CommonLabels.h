@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/LanguageTexts.h"
+#include "surface/DesignContext.h"
 
 namespace plinth {
 
@@ -14,6 +15,7 @@ class CommonLabels {
   explicit CommonLabels(LanguageTexts& texts);
 
   void orderByNumber();
+  // By the bytes of the texts as they are now; equal ones by number.
   void orderByText();
   int first() const { return first_; }
   int most() const;           // highest value of the scroll bar
@@ -22,7 +24,7 @@ class CommonLabels {
   const std::string& text(int row) const;
   void change(int row, std::string text);  // TextE(row), at each change
   // Row order position of the first text that holds `part`, from the position after the first row on and
-  // round about; -1 for none.
+  // round about; -1 for none. Case does not count, nor the "&" of keys; "" is in none.
   int find(const std::string& part) const;
 
  private:
@@ -30,5 +32,9 @@ class CommonLabels {
   std::vector<int> order_;
   int first_ = 0;
 };
+
+// Lets the project follow a text that was changed: its tables of texts, not the words of its menus. False
+// when the project has no copy of that text, or the same already.
+bool takeCommonLabel(DesignContext& context, const LanguageTexts& texts, int number);
 
 }  // namespace plinth

@@ -11,7 +11,7 @@ namespace plinth {
 
 struct MenuWord {
   int id;               // MenuLabelEdit
-  std::string caption;  // 8-bit text of the project
+  std::string caption;  // 8-bit text of the project; of an entry without words its name in parentheses
   bool separatorBefore = false;
 };
 struct MirroredMenu {
@@ -23,6 +23,7 @@ class MenuWords {
  public:
   explicit MenuWords(DesignContext& context) : c_(context) {}
 
+  // The menus of the finished application with all entries, also those that no words hide there.
   std::vector<MirroredMenu> menus() const;
   void begin(int id);                     // Frame1 comes up with the words in Text1
   std::string words() const;              // of the entry in edit, "" for none
