@@ -157,6 +157,11 @@ void DesignSurface::chooseColorFor(PanelId id) {
   colors_.chooseColor(panel_.control(id).color);
 }
 
+void DesignSurface::waitForPageColor() {
+  state_.colorTarget = ColorTarget::pageColor;
+  colors_.chooseColor(pageColorOf(services_.document, state_.currentPage));
+}
+
 void DesignSurface::useColor(std::int32_t color) {
   run([&] {
     if (state_.colorTarget == ColorTarget::pageColor)

@@ -82,6 +82,7 @@ class DesignSurface : private EditorView, private PageHand {
   void endLabel();
   void writePanel(PanelId id, const std::string& value);
   void chooseColorFor(PanelId id);  // color1, color2 or color3 wait for useColor()
+  void waitForPageColor();          // so does the colour of the page
   void useColor(std::int32_t color);
   void pad(int dx, int dy, bool ten);
 
@@ -97,6 +98,7 @@ class DesignSurface : private EditorView, private PageHand {
 
   PageSurface& page() { return page_; }
   const PageSurface& page() const { return page_; }
+  const ProjectDocument& document() const { return services_.document; }
   const DesignState& state() const { return state_; }
   const History& history() const { return history_; }
   const PropertyPanel& panel() const { return panel_; }

@@ -25,9 +25,44 @@ enum class Command : int {
   previousPage,
   help,
   about,
-  recent = 1101,    // to 1105
-  page = 1201,      // to 1205
-  language = 1301,  // to 1399
+  undo,
+  redo,
+  cut,
+  copy,
+  paste,
+  remove,
+  selectArea,
+  selectAll,
+  lock,
+  editLabel,
+  focusPanel,
+  documentBox,
+  recordId,
+  clock,
+  helpBar,
+  namePage,
+  pageColor,
+  backgroundPicture,
+  customPaper,
+  commonLabels,
+  colorTable,
+  openExample = 1090,  // to 1099
+  recent = 1101,       // to 1105
+  page = 1201,         // to 1205
+  language = 1301,     // to 1399
+  tool = 1401,         // to 1412, in the order of Tool
+  align = 1421,        // to 1431, in the order of Alignment
+  moveToPage = 1441,   // to 1445
+  date = 1451,         // to 1456
+  dateStamp = 1461,    // to 1466
+  table = 1471,        // to 1477
+  paper = 1501,        // to 1518, sizes; then portrait and landscape
+  portrait = 1521,
+  landscape,
+  unit = 1531,     // to 1534
+  grid = 1541,     // to 1545
+  tile = 1551,     // to 1554
+  submenu = 1601,  // entries that open a menu count on from here; they run nothing
 };
 
 // Texts are UTF-8, since menus mix language texts with paths and the project's own words.
@@ -36,6 +71,7 @@ struct MenuEntry {
   std::string text;
   std::string keyText;
   bool enabled = true, checked = false;
+  std::vector<MenuEntry> entries;  // of a menu that this one opens
 };
 
 struct Menu {
@@ -45,9 +81,13 @@ struct Menu {
 
 // The menu bar as it is now.
 std::vector<Menu> designerMenus(const DesignerController& designer);
+// The menu of the right mouse button.
+std::vector<MenuEntry> popupMenu(const DesignerController& designer);
 // Runs a command by its id. False when there is none or it is not available now.
 bool runCommand(DesignerController& designer, int id);
 // The command of a key; 0 for none.
 int commandOfKey(const KeyEvent& key);
+// Whether a key's command belongs to the page: a text box that has the keyboard keeps such keys for itself.
+bool isEditingKey(const KeyEvent& key);
 
 }  // namespace plinth

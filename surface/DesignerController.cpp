@@ -28,8 +28,7 @@ class DesignerController::Turn {
   bool mine_;
 };
 
-template <class F>
-void DesignerController::run(F command) {
+void DesignerController::run(const std::function<void()>& command) {
   const Turn turn(*this);
   if (!turn) return;
   result_.clear();
@@ -43,7 +42,9 @@ DesignerController::DesignerController(DesignerParts parts, DesignerWindow& wind
       window_(window),
       shell_(parts_.services, *this),
       images_([this](const std::string& path) { return shell_.pictures().get(path); }, parts_.decoder),
-      surface_(shell_.document(), images_, parts_.measure, window) {}
+      surface_({shell_.document(), images_, parts_.services.messages, parts_.services.clock, parts_.clipboard,
+                remembering(parts_.measure), labels(), [this] { return choosePicture(); }},
+               window) {}
 
 bool DesignerController::start(const std::string& commandLine) {
   bool started = false;
@@ -74,16 +75,18 @@ void DesignerController::exit() {
     if (shell_.mayExit()) window_.end();
   });
 }
-void DesignerController::showPage(int page) {
-  run([this, page] { surface_.showPage(page); });
-}
-void DesignerController::showNextPage(int step) {
-  run([this, step] { surface_.showNextPage(step); });
+void DesignerController::openExample(int index) {
+  run([this, index] {
+    const std::vector<std::string> examples = shell_.examples();
+    if (index >= 0 && index < static_cast<int>(examples.size()))
+      shell_.openExample(examples[static_cast<std::size_t>(index)]);
+  });
 }
 void DesignerController::chooseLanguage(int index) {
   run([this, index] {
-    if (index >= 0 && index < static_cast<int>(shell_.languages().size()))
-      shell_.chooseLanguage(shell_.languages()[static_cast<std::size_t>(index)]);
+    if (index < 0 || index >= static_cast<int>(shell_.languages().size())) return;
+    shell_.chooseLanguage(shell_.languages()[static_cast<std::size_t>(index)]);
+    surface_.finished("language");
   });
 }
 
@@ -91,6 +94,12 @@ bool DesignerController::keyDown(const KeyEvent& event) {
   const int command = commandOfKey(event);
   if (command != 0) return runCommand(*this, command);
   return !busy_ && surface_.keyDown(event);
+}
+
+void DesignerController::tick(std::int64_t seconds) {
+  if (busy_) return;
+  surface_.tick();
+  if (!surface_.inGesture()) shell_.tick(seconds);
 }
 
 std::string DesignerController::text(int label, const char* english) const {
@@ -113,10 +122,8 @@ void DesignerController::fileProperties() {
   run([this] {
     FileProperties properties = shell_.document().fileProp;
     if (!runDialog(filePropertiesDialog(properties, labels()))) return;
-    const FileProperties& before = shell_.document().fileProp;
-    if (before.comments == properties.comments && before.deskIcon == properties.deskIcon) return;
     shell_.document().fileProp = properties;
-    shell_.changed();
+    surface_.finished("file properties");
   });
 }
 
@@ -164,7 +171,7 @@ void DesignerController::createApplication() {
       shell_.document().appIconPath = iconFolder + choices.icon;
     }
     report(compiler.run(shell_.document(), {choices.name, choices.folder, shell_.document().appIcon, false}));
-    surface_.objectsChanged();
+    surface_.finished("icon and file properties");
   });
 }
 
@@ -178,11 +185,12 @@ void DesignerController::report(const CreateResult& result) {
 
 std::vector<std::string> DesignerController::status() const {
   const ProjectDocument& document = shell_.document();
-  const int page = surface_.currentPage();
+  const int page = surface_.state().currentPage;
   const SizePx size = pageSizePx(document);
   const int system = parts_.systemCodePage;
   const std::string project = shell_.lastPath().empty() ? shell_.projectPath() : shell_.lastPath();
   return {result_.empty() ? toUtf8(project, system) + (document.dirty ? " *" : "") : toUtf8(result_, system),
+          toUtf8(surface_.selectionWords(), codePageOfCharSet(document.charSet)),
           std::to_string(size.width) + " x " + std::to_string(size.height) + " px",
           std::to_string(objectsOnPage(document, page)) + " / " + std::to_string(objectsInProject(document)) +
               " objects",
@@ -198,8 +206,11 @@ void DesignerController::projectChanged() {
   images_.clear();
   surface_.projectChanged();
   window_.menusChanged();
+  window_.wordsChanged();
   window_.statusChanged();
 }
+
+void DesignerController::projectSaved() { surface_.saved(); }
 
 void DesignerController::captionChanged(const std::string& caption) {
   window_.showCaption(toUtf8(caption, parts_.systemCodePage));
@@ -208,8 +219,9 @@ void DesignerController::captionChanged(const std::string& caption) {
 void DesignerController::recentFilesChanged() { window_.menusChanged(); }
 
 void DesignerController::languageChanged() {
-  surface_.objectsChanged();
+  surface_.textsChanged();
   window_.menusChanged();
+  window_.wordsChanged();
 }
 
 void DesignerController::setBusy(bool busy) { window_.setBusy(busy); }

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "basic/Text.h"
+
 namespace plinth {
 
 namespace {
@@ -103,18 +105,40 @@ DialogSpec aboutDialog(const std::string& version, const LabelSource& label) {
   return spec;
 }
 
+DialogSpec namePageDialog(std::string& caption, const LabelSource& label) {
+  DialogSpec spec;
+  spec.title = label(391, "Page");
+  spec.ok = label(298, "OK");
+  spec.cancel = label(299, "Cancel");
+  spec.width = 320;
+  spec.rows.push_back(textRow(kFirstId, RowKind::text, withKey(label(146, "Name")) + " :", caption));
+  return spec;
+}
+
+DialogSpec paperDialog(std::array<std::string, 2>& size, const LabelSource& label) {
+  DialogSpec spec;
+  spec.title = label(132, "Page Size...");
+  spec.ok = label(298, "OK");
+  spec.cancel = label(299, "Cancel");
+  spec.width = 280;
+  spec.rows.push_back(textRow(kFirstId, RowKind::text, "&Width :", size[0]));
+  spec.rows.push_back(textRow(kFirstId + 1, RowKind::text, "&Height :", size[1]));
+  return spec;
+}
+
 DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names,
                           const LabelSource& label) {
   DialogSpec spec;
   spec.title = label(177, "Choose a language");
-  spec.ok = label(298, "OK");
+  spec.ok = "";
   spec.cancel = label(299, "Cancel");
   spec.width = 280;
-  spec.okWhen = [&chosen] { return !chosen.empty(); };
-  DialogRow list = textRow(kFirstId, RowKind::list, "", chosen);
-  list.items = [names] { return names; };
-  list.lines = 10;
-  spec.rows.push_back(std::move(list));
+  int id = kFirstId;
+  for (const std::string& name : names) {
+    DialogRow choice = row(id++, RowKind::choice, replaceAll(name, "&", "&&"));
+    choice.press = [&chosen, name] { chosen = name; };
+    spec.rows.push_back(std::move(choice));
+  }
   return spec;
 }
 

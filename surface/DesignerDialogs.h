@@ -1,6 +1,7 @@
 // The rows of the designer's dialogs.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 #include <vector>
@@ -27,7 +28,10 @@ DialogSpec createDialog(CreateChoices& choices, const LabelSource& label,
                         std::function<void()> properties);
 DialogSpec filePropertiesDialog(FileProperties& properties, const LabelSource& label);
 DialogSpec aboutDialog(const std::string& version, const LabelSource& label);
-// chosen: set to one of the names.
+DialogSpec namePageDialog(std::string& caption, const LabelSource& label);
+// Width and height of a page of the person's own size, as texts in the unit of the read-outs.
+DialogSpec paperDialog(std::array<std::string, 2>& size, const LabelSource& label);
+// One button for each language; chosen: set to one of the names.
 DialogSpec languageDialog(std::string& chosen, const std::vector<std::string>& names,
                           const LabelSource& label);
 

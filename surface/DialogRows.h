@@ -19,6 +19,7 @@ enum class RowKind {
   list,     // one of items()
   folder,   // a path, with a button that asks for another
   button,   // runs press()
+  choice,   // a button as wide as the dialog: runs press() and ends the dialog as OK does
   note,     // text to read; its label stands in bold
   picture,  // image()
 };
@@ -40,8 +41,9 @@ struct DialogRow {
 // Rows work on values of the caller's that he keeps or forgets when the dialog is left.
 struct DialogSpec {
   std::string title;
-  std::string ok = "OK", cancel = "Cancel";  // "" for a dialog that only informs
-  std::function<bool()> okWhen;              // none: always
+  std::string ok = "OK";          // "" for a dialog of choices
+  std::string cancel = "Cancel";  // "" for a dialog that only informs
+  std::function<bool()> okWhen;   // none: always
   std::vector<DialogRow> rows;
   int codePage = 1252;  // of all texts but folders, which are the system's
   int width = 460;      // pixels at 96 dpi, inside

@@ -11,6 +11,7 @@
 #include "platform/win32/GdiCanvas.h"
 #include "platform/win32/WicPictures.h"
 #include "platform/win32/Win32Text.h"
+#include "surface/win32/FrameMenus.h"
 #include "surface/win32/WindowTools.h"
 
 namespace plinth {
@@ -19,8 +20,10 @@ namespace {
 
 constexpr int kFirstWidth = 1080, kFirstHeight = 780, kBarWidth = 220;
 constexpr int kIconId = 1;
-// Widths of the right parts of the status bar: page size, counts, object under the pointer.
-constexpr int kSizePart = 110, kCountPart = 120, kObjectPart = 300;
+// Widths of the right parts of the status bar: selection, page size, counts, object under the pointer.
+constexpr int kSelectionPart = 190, kSizePart = 100, kCountPart = 110, kObjectPart = 290;
+constexpr UINT_PTR kTickTimer = 1;
+constexpr UINT kTickMs = 5000;
 
 WicDecoder& decoder() {
   static WicDecoder pictures;
@@ -39,47 +42,22 @@ void registerClass(WNDPROC procedure) {
   ::RegisterClassExW(&type);  // fails when it is registered already
 }
 
-std::wstring entryText(const MenuEntry& entry) {
-  return wideUtf8(entry.keyText.empty() ? entry.text : entry.text + "\t" + entry.keyText);
-}
-
-bool sameStory(const std::vector<Menu>& a, const std::vector<Menu>& b) {
-  const auto sameEntry = [](const MenuEntry& x, const MenuEntry& y) {
-    return x.id == y.id && x.text == y.text;
-  };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](const Menu& x, const Menu& y) {
-    return x.title == y.title &&
-           std::equal(x.entries.begin(), x.entries.end(), y.entries.begin(), y.entries.end(), sameEntry);
-  });
-}
-
-// The window owns the menu once it is set.
-HMENU menuBar(const std::vector<Menu>& menus) {
-  const HMENU bar = ::CreateMenu();
-  for (const Menu& menu : menus) {
-    const HMENU popup = ::CreatePopupMenu();
-    for (const MenuEntry& entry : menu.entries)
-      ::AppendMenuW(popup, entry.id == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.id),
-                    entryText(entry).c_str());
-    ::AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), wideUtf8(menu.title).c_str());
-  }
-  return bar;
-}
-
 DesignerParts partsOf(const DesignerSetup& setup, Progress& progress, HDC measuring) {
   const std::span<const std::uint8_t> icon = setup.defaultIcon;
-  return {{setup.files, setup.messages, setup.chooser, setup.settings, setup.clock, progress,
-           setup.programFolder, [icon] { return Bytes(icon.begin(), icon.end()); }, setup.firstInstance,
-           systemCodePage()},
-          setup.dialogs,
-          decoder(),
-          [measuring](std::string_view text, const FontSpec& font) {
-            return GdiCanvas(measuring).measure(text, font);
-          },
-          setup.stub,
-          icon,
-          setup.version,
-          systemCodePage()};
+  return {
+      {setup.files, setup.messages, setup.chooser, setup.settings, setup.clock, progress, setup.programFolder,
+       [icon] { return Bytes(icon.begin(), icon.end()); }, setup.firstInstance, systemCodePage()},
+      setup.dialogs,
+      setup.clipboard,
+      setup.shell,
+      decoder(),
+      [measuring](std::string_view text, const FontSpec& font) {
+        return GdiCanvas(measuring).measure(text, font);
+      },
+      setup.stub,
+      icon,
+      setup.version,
+      systemCodePage()};
 }
 
 }  // namespace
@@ -103,8 +81,26 @@ DesignerFrame::~DesignerFrame() {
 void DesignerFrame::makeChildren() {
   const auto id = [](int number) { return reinterpret_cast<HMENU>(static_cast<INT_PTR>(number)); };
   font_ = messageFont(scale_);
+  strip_ = std::make_unique<MenuStrip>(
+      window_, kMenuStripId,
+      MenuStripEvents{[this](int entry) { designer_.beginWords(entry); },
+                      [this](const std::string& words) { designer_.changeWords(words); },
+                      [this] { designer_.endWords(); }});
+  toolbox_ = std::make_unique<ToolboxWindow>(window_, kToolboxId, designer_.surface(),
+                                             [this](int command) { runFromTool(command); });
   area_ = std::make_unique<PageArea>(window_, kPageAreaId, designer_.surface(),
                                      [this](const KeyEvent& key) { return designer_.keyDown(key); });
+  panel_ = std::make_unique<PanelWindow>(
+      window_, kPanelId,
+      PanelEvents{[this](PanelId control, const std::string& value) {
+                    designer_.surface().writePanel(control, value);
+                  },
+                  [this](PanelId color) {
+                    designer_.surface().chooseColorFor(color);
+                    showColorTable();
+                  },
+                  [this](int dx, int dy, bool ten) { designer_.surface().pad(dx, dy, ten); },
+                  [this] { ::SetFocus(area_->window()); }});
   status_ = ::CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
                               window_, id(kStatusId), nullptr, nullptr);
   ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
@@ -115,7 +111,10 @@ void DesignerFrame::makeChildren() {
 bool DesignerFrame::start(const std::string& commandLine, int show) {
   ready_ = true;
   if (!designer_.start(commandLine)) return false;
+  retext();
+  applyColors();
   place(show);
+  ::SetTimer(window_, kTickTimer, kTickMs, nullptr);
   ::SetFocus(area_->window());
   return true;
 }
@@ -164,7 +163,10 @@ LRESULT DesignerFrame::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       if (runCommand(designer_, LOWORD(wParam))) return 0;
       break;
     case WM_INITMENUPOPUP:
-      updateMenu(reinterpret_cast<HMENU>(wParam));
+      refreshMenu(reinterpret_cast<HMENU>(wParam), designer_);
+      return 0;
+    case WM_TIMER:
+      designer_.tick(static_cast<std::int64_t>(::GetTickCount64() / 1000));
       return 0;
     case WM_DROPFILES:
       dropFiles(wParam);
@@ -185,19 +187,25 @@ LRESULT DesignerFrame::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       ::PostQuitMessage(0);
       return 0;
     default:
+      if (isChromeChange(message, lParam)) applyColors();
       break;
   }
   return ::DefWindowProcW(window_, message, wParam, lParam);
 }
 
 void DesignerFrame::layout() {
-  if (!area_ || !status_ || ::IsIconic(window_)) return;
+  if (!area_ || !panel_ || !status_ || ::IsIconic(window_)) return;
   ::SendMessageW(status_, WM_SIZE, 0, 0);
   RECT client, strip;
   ::GetClientRect(window_, &client);
   ::GetWindowRect(status_, &strip);
-  const LONG high = std::max(0L, client.bottom - (strip.bottom - strip.top));
-  ::MoveWindow(area_->window(), 0, 0, client.right, high, TRUE);
+  const int high = static_cast<int>(std::max(0L, client.bottom - (strip.bottom - strip.top)));
+  const int left = toolbox_->width(), right = panel_->width(), top = strip_->height();
+  const int middle = std::max(0, static_cast<int>(client.right) - left - right);
+  ::MoveWindow(toolbox_->window(), 0, 0, left, high, TRUE);
+  ::MoveWindow(strip_->window(), left, 0, middle, top, TRUE);
+  ::MoveWindow(area_->window(), left, top, middle, std::max(0, high - top), TRUE);
+  ::MoveWindow(panel_->window(), client.right - right, 0, right, high, TRUE);
   layoutStatus();
 }
 
@@ -205,9 +213,11 @@ void DesignerFrame::layoutStatus() {
   RECT strip;
   ::GetClientRect(status_, &strip);
   const auto px = [this](int pixels) { return static_cast<int>(std::lround(pixels * scale_)); };
-  const int first = std::max<int>(px(150), strip.right - px(kSizePart + kCountPart + kObjectPart));
-  int edges[] = {first, first + px(kSizePart), first + px(kSizePart + kCountPart), -1};
-  ::SendMessageW(status_, SB_SETPARTS, 4, reinterpret_cast<LPARAM>(edges));
+  const int first =
+      std::max<int>(px(150), strip.right - px(kSelectionPart + kSizePart + kCountPart + kObjectPart));
+  int edges[] = {first, first + px(kSelectionPart), first + px(kSelectionPart + kSizePart),
+                 first + px(kSelectionPart + kSizePart + kCountPart), -1};
+  ::SendMessageW(status_, SB_SETPARTS, 5, reinterpret_cast<LPARAM>(edges));
   ::MoveWindow(bar_, std::max(0, first - px(kBarWidth)), 4, px(kBarWidth) - 8, strip.bottom - 7, TRUE);
 }
 
@@ -216,19 +226,66 @@ void DesignerFrame::scaleChanged(const RECT& suggested) {
   font_ = messageFont(scale_);
   ::SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
   area_->scaleChanged();
+  toolbox_->scaleChanged();
+  strip_->scaleChanged();
+  panel_->scaleChanged();
   ::SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// What can be used and what is chosen is asked when a menu opens, not kept.
-void DesignerFrame::updateMenu(HMENU menu) {
-  for (const Menu& now : designerMenus(designer_))
-    for (const MenuEntry& entry : now.entries) {
-      if (entry.id == 0) continue;
-      const auto id = static_cast<UINT>(entry.id);
-      ::EnableMenuItem(menu, id, MF_BYCOMMAND | (entry.enabled ? MF_ENABLED : MF_GRAYED));
-      ::CheckMenuItem(menu, id, MF_BYCOMMAND | (entry.checked ? MF_CHECKED : MF_UNCHECKED));
-    }
+// A tool hands its object to the mouse, so the keys belong to the page.
+void DesignerFrame::runFromTool(int command) {
+  runCommand(designer_, command);
+  ::SetFocus(area_->window());
+}
+
+void DesignerFrame::applyColors() {
+  const ChromeColors colors = systemChrome();
+  setTitleDark(window_, colors.dark);
+  toolbox_->setColors(colors);
+  strip_->setColors(colors);
+  panel_->setColors(colors);
+  area_->setColors(colors);
+  if (colors_) colors_->setColors(colors);
+}
+
+bool DesignerFrame::translate(MSG& message) {
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  if (!::IsChild(window_, message.hwnd)) return colors_ && colors_->translate(message);
+  if (message.wParam == VK_F6) {
+    focusNextPart(::GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
+    return true;
+  }
+  if (panel_->translate(message) || toolbox_->translate(message)) return true;
+  if (onCommandKey(message)) return true;
+  const bool inStrip = ::IsChild(strip_->window(), message.hwnd);
+  const bool inTools = ::IsChild(toolbox_->window(), message.hwnd);
+  return message.wParam == VK_TAB && (inStrip || inTools) && ::IsDialogMessageW(window_, &message);
+}
+
+// Keys of the menu work wherever the focus is; a box that is typed into keeps those of editing.
+bool DesignerFrame::onCommandKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN || message.hwnd == area_->window()) return false;
+  const KeyEvent key{static_cast<int>(message.wParam), shiftState()};
+  const int command = commandOfKey(key);
+  if (command == 0) return false;
+  wchar_t type[16] = {};
+  ::GetClassNameW(message.hwnd, type, 16);
+  if (isEditingKey(key) && (std::wstring(type) == L"Edit" || std::wstring(type) == L"ComboBox")) return false;
+  return runCommand(designer_, command);
+}
+
+// F6 goes round toolbox, page, panel and the application's menus.
+void DesignerFrame::focusNextPart(int step) {
+  const HWND parts[] = {toolbox_->window(), strip_->window(), area_->window(), panel_->window()};
+  constexpr int kParts = 4;
+  const HWND focus = ::GetFocus();
+  int at = 0;
+  for (int i = 0; i < kParts; ++i)
+    if (parts[i] == focus || ::IsChild(parts[i], focus)) at = i;
+  const HWND part = parts[(at + step + kParts) % kParts];
+  const HWND first = part == area_->window() ? part : ::GetNextDlgTabItem(part, nullptr, FALSE);
+  ::SetFocus(first ? first : area_->window());
 }
 
 void DesignerFrame::dropFiles(WPARAM parameter) {
@@ -237,53 +294,6 @@ void DesignerFrame::dropFiles(WPARAM parameter) {
   ::DragQueryFileW(drop, 0, path.data(), static_cast<UINT>(path.size()));
   ::DragFinish(drop);
   designer_.openPath(fromWide(path.c_str(), systemCodePage()));
-}
-
-void DesignerFrame::invalidate() {
-  if (area_) area_->invalidate();
-}
-
-void DesignerFrame::scrollChanged() {
-  if (area_) area_->showScroll();
-}
-
-void DesignerFrame::pageChanged() {
-  if (ready_) statusChanged();
-}
-
-void DesignerFrame::objectPointedAt(const std::string& name) {
-  if (ready_) designer_.setPointed(name);
-}
-
-void DesignerFrame::showCaption(const std::string& utf8) {
-  ::SetWindowTextW(window_, wideUtf8(utf8).c_str());
-}
-
-void DesignerFrame::menusChanged() {
-  if (!ready_ || !window_) return;
-  std::vector<Menu> now = designerMenus(designer_);
-  if (sameStory(menus_, now)) return;
-  menus_ = std::move(now);
-  const HMENU before = ::GetMenu(window_);
-  ::SetMenu(window_, menuBar(menus_));
-  if (before) ::DestroyMenu(before);
-}
-
-void DesignerFrame::statusChanged() {
-  if (!ready_ || !status_ || working_) return;
-  const std::vector<std::string> parts = designer_.status();
-  for (std::size_t i = 0; i < parts.size(); ++i)
-    ::SendMessageW(status_, SB_SETTEXTW, i, reinterpret_cast<LPARAM>(wideUtf8(" " + parts[i]).c_str()));
-}
-
-void DesignerFrame::setBusy(bool busy) {
-  waiting_ = busy;
-  ::SetCursor(::LoadCursorA(nullptr, busy ? IDC_WAIT : IDC_ARROW));
-}
-
-void DesignerFrame::end() {
-  keepPlace();
-  ::DestroyWindow(window_);
 }
 
 void DesignerFrame::title(std::string_view text) {

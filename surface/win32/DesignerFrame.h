@@ -1,4 +1,5 @@
-// The designer's main window, Form1: menu, drawing area and status bar around a DesignerController.
+// The designer's main window, Form1: menu, toolbox, the application's menus, drawing area, property panel and
+// status bar around a DesignerController.
 #pragma once
 
 #include <memory>
@@ -9,7 +10,11 @@
 #include "platform/win32/Handles.h"
 #include "surface/DesignerCommands.h"
 #include "surface/DesignerController.h"
+#include "surface/win32/ColorTableWindow.h"
+#include "surface/win32/MenuStrip.h"
 #include "surface/win32/PageArea.h"
+#include "surface/win32/PanelWindow.h"
+#include "surface/win32/ToolboxWindow.h"
 
 namespace plinth {
 
@@ -21,6 +26,8 @@ struct DesignerSetup {
   Settings& settings;
   Clock& clock;
   DialogRunner& dialogs;
+  Clipboard& clipboard;
+  Shell& shell;
   std::string programFolder;  // with trailing separator
   bool firstInstance = true;
   std::span<const std::uint8_t> stub, defaultIcon;
@@ -30,7 +37,8 @@ struct DesignerSetup {
 class DesignerFrame : private DesignerWindow, private Progress {
  public:
   // Control ids, for tests and assistive programs.
-  static constexpr int kPageAreaId = 100, kStatusId = 101, kProgressId = 102;
+  static constexpr int kPageAreaId = 100, kStatusId = 101, kProgressId = 102, kToolboxId = 103,
+                       kPanelId = 104, kMenuStripId = 105;
   static constexpr const wchar_t* kClass = L"PlinthDesigner";
 
   explicit DesignerFrame(const DesignerSetup& setup);
@@ -41,6 +49,9 @@ class DesignerFrame : private DesignerWindow, private Progress {
   // Opens the first project and shows the window as the system asks (SW_...). False: the program must end.
   bool start(const std::string& commandLine, int show);
   HWND window() const { return window_; }
+  // To be asked for each message of the program before it is dispatched: true when it was a key that moves
+  // between the parts of the window, or one of the menu's.
+  bool translate(MSG& message);
   DesignerController& designer() { return designer_; }
 
  private:
@@ -53,18 +64,34 @@ class DesignerFrame : private DesignerWindow, private Progress {
   void layout();
   void layoutStatus();
   void scaleChanged(const RECT& suggested);
-  void updateMenu(HMENU menu);
+  void applyColors();
+  void runFromTool(int command);
+  void retext();
+  bool onCommandKey(const MSG& message);
+  void focusNextPart(int step);
   void dropFiles(WPARAM drop);
 
-  // SurfaceView, DesignerWindow
+  // SurfaceView, SurfaceWindow, DesignerWindow; in FrameViews.cpp.
   void invalidate() override;
+  void invalidateArea(const RectPx& area) override;
   void scrollChanged() override;
   void pageChanged() override;
   void objectPointedAt(const std::string& name) override;
+  void panelChanged() override;
+  void readoutsChanged() override;
+  void pointerChanged(PointerShape pointer) override;
+  void popupMenu(PointPx point) override;
+  void labelEditing(const RectPx& place) override;
+  void objectOpened(ObjectRef object) override;
+  void stepMade() override;
   void showCaption(const std::string& utf8) override;
   void menusChanged() override;
   void statusChanged() override;
+  void wordsChanged() override;
   void setBusy(bool busy) override;
+  void showColorTable() override;
+  void focusPanel() override;
+  void editCommonLabels(CommonLabels& labels) override;
   void end() override;
   // Progress
   void title(std::string_view text) override;
@@ -79,6 +106,10 @@ class DesignerFrame : private DesignerWindow, private Progress {
   bool waiting_ = false, working_ = false, cancelled_ = false, ready_ = false;
   DesignerController designer_;
   std::unique_ptr<PageArea> area_;
+  std::unique_ptr<ToolboxWindow> toolbox_;
+  std::unique_ptr<PanelWindow> panel_;
+  std::unique_ptr<MenuStrip> strip_;
+  std::unique_ptr<ColorTableWindow> colors_;
 };
 
 }  // namespace plinth

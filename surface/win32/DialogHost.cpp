@@ -175,6 +175,10 @@ class DialogWindow {
       case RowKind::button:
         buttons_.push_back(&row);
         break;
+      case RowKind::choice:
+        add(L"BUTTON", label, BS_PUSHBUTTON | WS_TABSTOP, 0, {left, y_, right, y_ + kButtonHeight}, row.id);
+        y_ += kButtonHeight + kGap / 2;
+        break;
     }
     addTip(row, {left, top, right, y_});
   }
@@ -245,8 +249,9 @@ class DialogWindow {
     const std::wstring ok = toWide(spec_.ok, spec_.codePage), cancel = toWide(spec_.cancel, spec_.codePage);
     const int cancelWidth = spec_.cancel.empty() ? 0 : buttonWidth(cancel), okWidth = buttonWidth(ok);
     const int okRight = cancelWidth == 0 ? right : right - cancelWidth - kGap;
-    add(L"BUTTON", ok, BS_DEFPUSHBUTTON | WS_TABSTOP, 0, {okRight - okWidth, y_, okRight, y_ + kButtonHeight},
-        IDOK);
+    if (!ok.empty())
+      add(L"BUTTON", ok, BS_DEFPUSHBUTTON | WS_TABSTOP, 0,
+          {okRight - okWidth, y_, okRight, y_ + kButtonHeight}, IDOK);
     if (cancelWidth > 0)
       add(L"BUTTON", cancel, BS_PUSHBUTTON | WS_TABSTOP, 0,
           {right - cancelWidth, y_, right, y_ + kButtonHeight}, IDCANCEL);
@@ -323,6 +328,11 @@ class DialogWindow {
       if (id != row.id) continue;
       const bool edit = row.kind == RowKind::text || row.kind == RowKind::memo || row.kind == RowKind::folder;
       if (row.kind == RowKind::button && notice == BN_CLICKED && row.press) row.press();
+      if (row.kind == RowKind::choice && notice == BN_CLICKED) {
+        if (row.press) row.press();
+        ::EndDialog(window_, TRUE);
+        return;
+      }
       if ((edit && notice == EN_CHANGE) || (row.kind == RowKind::check && notice == BN_CLICKED) ||
           (row.kind == RowKind::list && notice == LBN_SELCHANGE)) {
         store(row);

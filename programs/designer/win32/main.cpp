@@ -12,6 +12,7 @@
 #include "platform/win32/Dialogs.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/Resources.h"
+#include "platform/win32/Win32Clipboard.h"
 #include "platform/win32/Win32Text.h"
 #include "programs/designer/resources.h"
 #include "surface/win32/DesignerFrame.h"
@@ -48,9 +49,10 @@ void startSystem() {
   installSystemCodec();
 }
 
-int runMessages() {
+int runMessages(DesignerFrame& frame) {
   MSG message;
   while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (frame.translate(message)) continue;
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);
   }
@@ -67,13 +69,15 @@ int runDesigner(const std::string& commandLine, int show) {
   MessageBoxes messages(owner, kTitle, systemCodePage());
   FileChooser chooser(owner, systemCodePage());
   DialogHost dialogs(owner);
+  SystemClipboard clipboard(owner);
   SystemClock clock;
   const auto settings = systemSettings(kTitle);
-  DesignerFrame frame({systemFiles(), messages, chooser, *settings, clock, dialogs, programFolder(), first,
-                       resource("CUSTOM", PLINTH_STUB), resource("CUSTOM", PLINTH_DEFAULT_ICON), kVersion});
+  DesignerFrame frame({systemFiles(), messages, chooser, *settings, clock, dialogs, clipboard, systemShell(),
+                       programFolder(), first, resource("CUSTOM", PLINTH_STUB),
+                       resource("CUSTOM", PLINTH_DEFAULT_ICON), kVersion});
   window = frame.window();
   if (!frame.start(fullPath(commandLine), show)) return 1;
-  const int result = runMessages();
+  const int result = runMessages(frame);
   window = nullptr;
   return result;
 }

@@ -1,0 +1,143 @@
+// What the designer tells its main window.
+#include <commctrl.h>
+
+#include "basic/CodePage.h"
+#include "platform/win32/Win32Text.h"
+#include "surface/win32/CommonLabelsWindow.h"
+#include "surface/win32/DesignerFrame.h"
+#include "surface/win32/FrameMenus.h"
+#include "surface/win32/WindowTools.h"
+
+namespace plinth {
+
+void DesignerFrame::invalidate() {
+  if (area_) area_->invalidate();
+}
+
+void DesignerFrame::invalidateArea(const RectPx& area) {
+  if (area_) area_->invalidate(area);
+}
+
+void DesignerFrame::scrollChanged() {
+  if (area_) area_->showScroll();
+}
+
+void DesignerFrame::pageChanged() {
+  if (ready_) statusChanged();
+}
+
+void DesignerFrame::objectPointedAt(const std::string& name) {
+  if (ready_) designer_.setPointed(name);
+}
+
+void DesignerFrame::panelChanged() {
+  if (!ready_ || !panel_) return;
+  panel_->show(designer_.surface().panel());
+  toolbox_->show();
+  statusChanged();
+}
+
+void DesignerFrame::readoutsChanged() {
+  if (ready_ && panel_) panel_->showPlaces(designer_.surface().panel());
+}
+
+void DesignerFrame::pointerChanged(PointerShape pointer) {
+  if (area_) area_->showPointer(pointer);
+}
+
+void DesignerFrame::popupMenu(PointPx point) {
+  const POINT at = area_->onScreen(point);
+  const HMENU popup = popupOf(plinth::popupMenu(designer_));
+  const int chosen =
+      ::TrackPopupMenu(popup, TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0, window_, nullptr);
+  ::DestroyMenu(popup);
+  // After the gesture that asked for the menu has ended.
+  if (chosen != 0) ::PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(chosen), 0);
+}
+
+void DesignerFrame::labelEditing(const RectPx& place) {
+  if (area_) area_->editLabel(place, designer_.surface().document());
+}
+
+void DesignerFrame::objectOpened(ObjectRef) { focusPanel(); }
+
+void DesignerFrame::stepMade() {
+  if (!ready_ || !toolbox_) return;
+  toolbox_->show();
+  statusChanged();
+}
+
+void DesignerFrame::showCaption(const std::string& utf8) {
+  ::SetWindowTextW(window_, wideUtf8(utf8).c_str());
+}
+
+void DesignerFrame::menusChanged() {
+  if (!ready_ || !window_) return;
+  retext();
+  std::vector<Menu> now = designerMenus(designer_);
+  if (sameStory(menus_, now)) return;
+  menus_ = std::move(now);
+  const HMENU before = ::GetMenu(window_);
+  ::SetMenu(window_, menuBar(menus_));
+  if (before) ::DestroyMenu(before);
+}
+
+void DesignerFrame::retext() {
+  if (!panel_) return;
+  const auto label = [this](int number, const char* english) { return designer_.text(number, english); };
+  const int page = designer_.languageCodePage();
+  const int textPage = codePageOfCharSet(designer_.shell().document().charSet);
+  toolbox_->retext(
+      [&](int number, const char* english) { return toWide(designer_.text(number, english), page); });
+  panel_->retext(label, page, textPage);
+  strip_->retext(toWide(designer_.text(133, "Edit Menu Label"), page),
+                 toWide(designer_.text(134, "Change the menu item name"), page));
+}
+
+void DesignerFrame::statusChanged() {
+  if (!ready_ || !status_ || working_) return;
+  const std::vector<std::string> parts = designer_.status();
+  for (std::size_t i = 0; i < parts.size(); ++i)
+    ::SendMessageW(status_, SB_SETTEXTW, i, reinterpret_cast<LPARAM>(wideUtf8(" " + parts[i]).c_str()));
+}
+
+void DesignerFrame::wordsChanged() {
+  if (!ready_ || !strip_) return;
+  const DesignSurface& surface = designer_.surface();
+  strip_->show(surface.menuWords().menus(), surface.state().menuLabelEdit, surface.menuWords().words(),
+               codePageOfCharSet(surface.document().charSet));
+}
+
+void DesignerFrame::setBusy(bool busy) {
+  waiting_ = busy;
+  ::SetCursor(::LoadCursorA(nullptr, busy ? IDC_WAIT : IDC_ARROW));
+}
+
+void DesignerFrame::showColorTable() {
+  DesignerController& designer = designer_;
+  if (!colors_)
+    colors_ = std::make_unique<ColorTableWindow>(
+        window_, designer.surface().colors(),
+        ColorTableEvents{[&designer](std::int32_t color) { designer.surface().useColor(color); },
+                         [&designer] { designer.surface().finished("color table"); }});
+  const int page = designer.languageCodePage();
+  colors_->show(toWide(designer.text(105, "&Color Table"), page));
+}
+
+void DesignerFrame::focusPanel() {
+  const HWND first = ::GetNextDlgTabItem(panel_->window(), nullptr, FALSE);
+  if (first) ::SetFocus(first);
+}
+
+void DesignerFrame::editCommonLabels(CommonLabels& labels) {
+  const int page = designer_.languageCodePage();
+  plinth::editCommonLabels(window_, labels, page, toWide(designer_.text(176, "Common Labels..."), page),
+                           toWide(designer_.text(302, "Close"), page));
+}
+
+void DesignerFrame::end() {
+  keepPlace();
+  ::DestroyWindow(window_);
+}
+
+}  // namespace plinth

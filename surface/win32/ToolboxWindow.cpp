@@ -1,0 +1,249 @@
+// Each button is a button of the system with a flat face; this window lays them out and forwards presses.
+#include "surface/win32/ToolboxWindow.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/win32/GdiBitmap.h"
+#include "platform/win32/GdiCanvas.h"
+#include "surface/DesignerCommands.h"
+#include "surface/ToolIcons.h"
+#include "surface/win32/WindowTools.h"
+
+namespace plinth {
+
+namespace {
+
+constexpr const wchar_t* kClass = L"PlinthToolbox";
+constexpr int kButton = 32, kMargin = 6, kGap = 2, kGroupGap = 10, kIcon = 20;
+constexpr int kRampSteps = 30;
+
+void registerClass(WNDPROC procedure) {
+  WNDCLASSW type = {};
+  type.lpfnWndProc = procedure;
+  type.hInstance = ::GetModuleHandleW(nullptr);
+  type.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
+  type.lpszClassName = kClass;
+  ::RegisterClassW(&type);  // fails when it is registered already
+}
+
+// Paints a picture in the middle of a rectangle in device pixels.
+template <class Picture>
+FlatButton::Glyph glyphOf(const ChromeStyle& style, Picture picture) {
+  return [&style, picture](HDC dc, const RECT& rect, std::int32_t ink) {
+    const int side = style.px(kIcon);
+    const PointPx corner{static_cast<int>(rect.left + rect.right - side) / 2,
+                         static_cast<int>(rect.top + rect.bottom - side) / 2};
+    GdiCanvas canvas(dc, style.scale, corner);
+    paintToolIcon(canvas, {0, 0, kIcon, kIcon}, picture(), ink, true);
+  };
+}
+
+}  // namespace
+
+ToolboxWindow::ToolboxWindow(HWND parent, int id, const DesignSurface& surface, RunCommand run)
+    : surface_(surface), run_(std::move(run)) {
+  registerClass(windowProcedure<ToolboxWindow>);
+  style_.scale = windowScale(parent);
+  style_.colors = systemChrome();
+  style_.font = messageFont(style_.scale);
+  window_ =
+      ::CreateWindowExW(WS_EX_CONTROLPARENT, kClass, L"Toolbox", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+                        0, 10, 10, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, this);
+  tips_ = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                            0, 0, 0, 0, window_, nullptr, nullptr, nullptr);
+  makeButtons();
+  layout();
+}
+
+ToolboxWindow::~ToolboxWindow() {
+  buttons_.clear();
+  if (window_) ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+}
+
+void ToolboxWindow::addButton(int id, int command, int label, const char* english, bool tool, int gap,
+                              FlatButton::Glyph glyph) {
+  const std::wstring name = wideUtf8(english);
+  // One tab stop for the column; arrow keys go on from there.
+  const DWORD stop = buttons_.empty() ? WS_TABSTOP | WS_GROUP : 0;
+  buttons_.push_back(
+      {id, command, label, english, tool, gap,
+       std::make_unique<FlatButton>(window_, id, FlatLook::toggle, name.c_str(),
+                                    BS_CHECKBOX | BS_NOTIFY | WS_VISIBLE | stop, style_, std::move(glyph))});
+}
+
+void ToolboxWindow::makeButtons() {
+  const auto action = [this](ActionIcon icon) { return glyphOf(style_, [icon] { return icon; }); };
+  addButton(kSelectArea, static_cast<int>(Command::selectArea), 0, "Select Area", true, 0,
+            action(ActionIcon::selectArea));
+  int gap = kGroupGap;
+  for (const ToolInfo& info : toolInfos()) {
+    const int index = static_cast<int>(info.tool);
+    const Tool tool = info.tool;
+    addButton(kFirstTool + index, static_cast<int>(Command::tool) + index, info.label, info.english, true,
+              std::exchange(gap, kGap), glyphOf(style_, [tool] { return tool; }));
+  }
+  addButton(kErase, static_cast<int>(Command::remove), 115, "Delete selected object...", false, kGroupGap,
+            action(ActionIcon::erase));
+  addButton(
+      kLock, static_cast<int>(Command::lock), 111, "Lock Controls...", false, kGap,
+      glyphOf(style_, [this] { return surface_.state().locked ? ActionIcon::lock : ActionIcon::unlock; }));
+  addButton(kUndo, static_cast<int>(Command::undo), 0, "Undo", false, kGroupGap, action(ActionIcon::undo));
+  addButton(kRedo, static_cast<int>(Command::redo), 0, "Redo", false, kGap, action(ActionIcon::redo));
+}
+
+int ToolboxWindow::width() const { return style_.px(kButton + 2 * kMargin); }
+
+void ToolboxWindow::layout() {
+  int y = kMargin;
+  const bool locked = surface_.state().locked;
+  for (const Button& each : buttons_) {
+    const bool shown = !each.tool || !locked;
+    if (shown) {
+      y += each.gap;
+      ::MoveWindow(each.button->window(), style_.px(kMargin), style_.px(y), style_.px(kButton),
+                   style_.px(kButton), TRUE);
+      y += kButton;
+    }
+    ::ShowWindow(each.button->window(), shown ? SW_SHOWNA : SW_HIDE);
+  }
+}
+
+void ToolboxWindow::show() {
+  const DesignState& state = surface_.state();
+  const bool lockedBefore = !::IsWindowVisible(buttons_.front().button->window());
+  if (lockedBefore != state.locked && ::IsWindowVisible(window_)) {
+    layout();
+    ::InvalidateRect(window_, nullptr, TRUE);
+  }
+  for (const Button& each : buttons_) {
+    bool on = false;
+    if (each.id == kSelectArea) on = state.selKind == kSelArea;
+    if (each.id == kLock) on = state.locked;
+    const int tool = each.id - kFirstTool;
+    if (state.placingActive && tool >= 0 && tool < kTools)
+      on = kindInfo(toolInfos()[static_cast<std::size_t>(tool)].kind).placeTool == state.placeTool;
+    bool usable = true;
+    if (each.id == kErase) usable = surface_.hasSelection();
+    if (each.id == kUndo) usable = surface_.history().canUndo();
+    if (each.id == kRedo) usable = surface_.history().canRedo();
+    const HWND button = each.button->window();
+    if ((::SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED) != on)
+      ::SendMessageW(button, BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+    if ((::IsWindowEnabled(button) != 0) != usable) {
+      if (!usable && ::GetFocus() == button) ::SetFocus(::GetParent(window_));
+      ::EnableWindow(button, usable);
+    }
+  }
+}
+
+void ToolboxWindow::retext(const TextOf& text) {
+  texts_.clear();
+  for (const Button& each : buttons_) {
+    std::wstring name = text(each.label, each.english);
+    std::erase(name, L'&');
+    texts_.push_back(std::move(name));
+  }
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    const HWND button = buttons_[i].button->window();
+    ::SetWindowTextW(button, texts_[i].c_str());
+    TOOLINFOW tip = {};
+    tip.cbSize = TTTOOLINFOW_V1_SIZE;
+    tip.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tip.hwnd = window_;
+    tip.uId = reinterpret_cast<UINT_PTR>(button);
+    tip.lpszText = texts_[i].data();
+    ::SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+    ::SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+  }
+}
+
+void ToolboxWindow::scaleChanged() {
+  style_.scale = windowScale(window_);
+  style_.font = messageFont(style_.scale);
+  layout();
+}
+
+void ToolboxWindow::setColors(const ChromeColors& colors) {
+  style_.colors = colors;
+  ::RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void ToolboxWindow::move(int step) {
+  const HWND focus = ::GetFocus();
+  const auto at =
+      std::ranges::find_if(buttons_, [focus](const Button& each) { return each.button->window() == focus; });
+  if (at == buttons_.end()) return;
+  const int count = static_cast<int>(buttons_.size());
+  int index = static_cast<int>(at - buttons_.begin());
+  for (int tried = 0; tried < count; ++tried) {
+    index = (index + step + count) % count;
+    const HWND next = buttons_[static_cast<std::size_t>(index)].button->window();
+    if (!::IsWindowVisible(next) || !::IsWindowEnabled(next)) continue;
+    ::SetFocus(next);
+    return;
+  }
+}
+
+bool ToolboxWindow::translate(MSG& message) {
+  if (message.message != WM_KEYDOWN || !::IsChild(window_, message.hwnd)) return false;
+  switch (message.wParam) {
+    case VK_UP:
+    case VK_LEFT:
+      move(-1);
+      return true;
+    case VK_DOWN:
+    case VK_RIGHT:
+      move(1);
+      return true;
+    case VK_RETURN:
+      ::SendMessageW(message.hwnd, BM_CLICK, 0, 0);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void ToolboxWindow::paint() {
+  BufferedPaint paint(window_);
+  if (!paint.dc()) return;
+  RECT client;
+  ::GetClientRect(window_, &client);
+  // A ramp of steps from top to bottom, each a little darker.
+  for (int i = 0; i < kRampSteps; ++i) {
+    const auto channel = [&](int shift) {
+      return static_cast<BYTE>(std::max(0, ((style_.colors.ground >> shift) & 0xFF) - i / 2));
+    };
+    const RECT band{0, client.bottom * i / kRampSteps, client.right, client.bottom * (i + 1) / kRampSteps};
+    ::SetDCBrushColor(paint.dc(), RGB(channel(0), channel(8), channel(16)));
+    ::FillRect(paint.dc(), &band, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+  }
+  const RECT edge{client.right - 1, 0, client.right, client.bottom};
+  ::SetDCBrushColor(paint.dc(), static_cast<COLORREF>(style_.colors.edge));
+  ::FillRect(paint.dc(), &edge, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+}
+
+LRESULT ToolboxWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_PAINT:
+      paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_COMMAND:
+      if (HIWORD(wParam) != BN_CLICKED) return 0;
+      for (const Button& each : buttons_)
+        if (each.id == LOWORD(wParam)) {
+          const int command = each.command;
+          run_(command);
+          return 0;
+        }
+      return 0;
+    default:
+      return ::DefWindowProcW(window_, message, wParam, lParam);
+  }
+}
+
+}  // namespace plinth
