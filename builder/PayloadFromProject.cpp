@@ -5,6 +5,7 @@
 #include "basic/FileName.h"
 #include "builder/PayloadOptions.h"
 #include "formula/PrepareFormula.h"
+#include "model/FormulaReferences.h"
 #include "model/PictureStore.h"
 
 namespace plinth {
@@ -227,9 +228,6 @@ void ObjectTransfer::checks(Payload& payload) const {
 
 void ObjectTransfer::buttons(Payload& payload) const {
   for (const ButtonRow& row : document_.buttons) {
-    // Nothing refers to a button by its number, so deleted ones are dropped and the count with them: left out
-    // alone, they would make the engine read all that follows from wrong places.
-    if (row.page >= kPageDeleted) continue;
     payload.buttons.push_back(
         {.page = row.page,
          .helpText = row.helpText,
@@ -247,10 +245,8 @@ void ObjectTransfer::buttons(Payload& payload) const {
   }
 }
 
-}  // namespace
-
-Payload payloadFromProject(ProjectDocument& document, const std::string& appName, PictureStore& pictures,
-                           std::vector<std::string>& notes) {
+Payload payloadOf(ProjectDocument& document, const std::string& appName, PictureStore& pictures,
+                  std::vector<std::string>& notes) {
   Payload payload;
   ObjectTransfer transfer(document, appName, pictures, notes);
   transfer.nameObjects();
@@ -270,6 +266,33 @@ Payload payloadFromProject(ProjectDocument& document, const std::string& appName
   payload.pageColors = document.pageColor;
   payload.reports = document.reports;
   payload.background = transfer.embed(document.tileImage, "Background");
+  return payload;
+}
+
+// Names that the payload gave; rows that were dropped get none.
+template <class Row>
+void takeNames(std::vector<Row>& rows, const std::vector<Row>& named, std::string Row::*name) {
+  std::size_t next = 0;
+  for (Row& row : rows) {
+    if (next == named.size()) return;
+    if (rows.size() == named.size() || row.page < kPageDeleted) row.*name = named[next++].*name;
+  }
+}
+
+}  // namespace
+
+Payload payloadFromProject(ProjectDocument& document, const std::string& appName, PictureStore& pictures,
+                           std::vector<std::string>& notes) {
+  // Numbers as the project will have them when it is saved and opened again.
+  ProjectDocument kept = withoutDeleted(document);
+  Payload payload = payloadOf(kept, appName, pictures, notes);
+  takeNames(document.pictures, kept.pictures, &PictureRow::picField);
+  takeNames(document.fields, kept.fields, &FieldRow::tag);
+  takeNames(document.combos, kept.combos, &ComboRow::tag);
+  takeNames(document.memos, kept.memos, &MemoRow::tag);
+  takeNames(document.checks, kept.checks, &CheckRow::tag);
+  for (std::size_t i = 0; i < kept.search.text1.size(); ++i)
+    if (kept.search.text1[i].empty()) document.search.text1[i].clear();
   return payload;
 }
 

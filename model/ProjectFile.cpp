@@ -3,6 +3,7 @@
 
 #include "basic/FileName.h"
 #include "model/DerivedTexts.h"
+#include "model/FormulaReferences.h"
 #include "model/ProjectReader.h"
 #include "model/ProjectRepairs.h"
 #include "model/ProjectWalk.h"
@@ -60,7 +61,7 @@ SaveResult writeProject(ProjectDocument& document, const PictureStore& pictures,
   SlotWriter target(result.bytes);
   ProjectWriter writer(target, pictures);
   FileExtras extras{.caption = projectCaption(options.path), .saveDate = options.saveDate};
-  const ProjectDocument& rows = document;
+  const ProjectDocument rows = withoutDeleted(document);
   walkProject(writer, rows, extras);
   result.unreadablePictures = writer.takeUnreadable();
   result.cutBytes = writer.cutBytes();

@@ -69,9 +69,9 @@ struct SaveResult {
 };
 
 // The file's bytes in the newest version. Deleted rows (page 95 and more) of lines, titles, squares, check
-// boxes and buttons are left out; a picture whose file has vanished loses its path in `document`. old: the
-// image of the file that is overwritten in place: what no element covers stays, also behind the new end;
-// empty for a new file.
+// boxes and buttons are left out, and references in the file follow the numbers that the others get by it; a
+// picture whose file has vanished loses its path in `document`. old: the image of the file that is overwritten
+// in place: what no element covers stays, also behind the new end; empty for a new file.
 SaveResult writeProject(ProjectDocument& document, const PictureStore& pictures, const WriteOptions& options,
                         std::span<const std::uint8_t> old = {});
 

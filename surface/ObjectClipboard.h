@@ -22,15 +22,20 @@ struct PasteResult {
   int skipped = 0;                 // lines that could not be read or had no room
 };
 // Makes the objects of a clipboard text on a page, moved by `offset` pixels. Nothing without the signature.
-// References between pasted fields follow them.
+// References between pasted fields follow them. The text is not trusted: tables end at their limits, places
+// within 30000 pixels, and a picture keeps its path only when the project shows that image already or the
+// path is that of an image on a drive of this machine.
 PasteResult pasteObjects(ProjectDocument& document, std::string_view text, int page, PointPx offset);
 
 class ObjectClipboard {
  public:
   ObjectClipboard(DesignContext& context, AreaSelection& area) : c_(context), area_(area) {}
 
-  // The text of the selection, "" when nothing is selected; the caller puts it on the system's clipboard.
+  // The text of the selection, "" when nothing is selected; the caller puts it on the system's clipboard. An
+  // area takes what lies inside its rectangle now. Remembers where the page was scrolled to.
   std::string copy();
+  // Puts the objects of a text on the page on view, 10 pixels down and right of where they were, and selects
+  // them.
   void paste(std::string_view text);
   // DeleteTheObject: the selected object, or the area's members, with formulas following.
   void remove();
@@ -38,6 +43,8 @@ class ObjectClipboard {
   void moveToPage(int page);
 
  private:
+  void endSelection();
+
   DesignContext& c_;
   AreaSelection& area_;
 };

@@ -10,7 +10,10 @@
 namespace plinth {
 
 // Removes the objects, whatever their order, and brings references in formulas, scripts and the email fields
-// in step. The tab positions become dense again.
-void deleteObjects(ProjectDocument& document, const std::vector<ObjectRef>& objects);
+// in step; references to a removed object stay as they are and name the one that moved there. Objects that
+// are gone already are passed over. The tab positions become dense again.
+// ofArea: check boxes that go with an area leave a vacant slot; one that is deleted alone is dropped when the
+// file is written.
+void deleteObjects(ProjectDocument& document, const std::vector<ObjectRef>& objects, bool ofArea = false);
 
 }  // namespace plinth
