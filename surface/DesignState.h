@@ -2,6 +2,7 @@
 // area selection. Plain values; the controllers of surface/ work on them.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "basic/Geometry.h"
@@ -65,6 +66,7 @@ struct DesignState {
   std::vector<ObjectRef> multiSel;
 
   ColorTarget colorTarget = ColorTarget::none;
+  std::int32_t color1 = 0, color2 = 0xFFFFFF, color3 = 0x808080;
   int scrollXAtCopy = 0, scrollYAtCopy = 0;  // pixels
   int pasteFirstField = 0;
   int menuLabelEdit = -1;  // menu entry whose words are edited; -1: none

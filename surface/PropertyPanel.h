@@ -52,6 +52,9 @@ struct PanelControl {
   std::string text;        // texts, combos, scroll value
   bool checked = false;    // checks and options
   std::int32_t color = 0;  // colour buttons; Selitem's text
+  // Words before the control, beside its tool tip: language text, 0 for none.
+  int caption = 0;
+  const char* captionEnglish = "";
 };
 
 class PropertyPanel {
@@ -71,16 +74,48 @@ class PropertyPanel {
   char filterKey(PanelId id, char typed) const;
   // A person changed a control: texts at each change, "1" and "" for checks and options. Writes to the
   // selected object or to each member of the area selection. The text may come back changed in control().
+  // The read-outs take their text when the person has finished it: Enter, or leaving the box. A text that
+  // the control shows already changes nothing. A colour button only becomes DesignState::colorTarget.
   void write(PanelId id, const std::string& value);
-  // The read-outs take their text when the person has finished it: Enter, or leaving the box.
   // Applies a colour to the target that the person chose by color1 to color3 (DesignState::colorTarget).
   void useColor(std::int32_t color);
 
   static constexpr int kMostFontSize = 200, kMostFieldLength = 300, kMostMemoLength = 60000;
+  static constexpr int kMostBorderStyle = 5;
 
  private:
+  // What a person typed stands in its control for as long as the project would show the same as then: the
+  // point of "12." must not vanish before its next digit.
+  struct Typed {
+    PanelId id;
+    std::string shown, text;
+  };
+  struct Readouts {
+    bool shown = false;
+    RectPx place;                                                   // of lines both ends
+    bool left = false, top = false, width = false, height = false;  // can be changed
+  };
+
+  PanelControl& at(PanelId id) { return controls_[static_cast<std::size_t>(id)]; }
+  void noticeSelection();
+  void fillValue(PanelControl& control);
+  void fillSelItem();
+  Readouts readouts() const;
+
+  std::vector<ObjectRef> membersWith(PanelId id) const;
+  std::string limited(PanelId id, const std::vector<ObjectRef>& members, const std::string& value) const;
+  void writeMembers(const std::vector<ObjectRef>& members, PanelId id, const std::string& text,
+                    double number);
+  void done(PanelId id, const std::vector<ObjectRef>& members, const std::string& mergeKey);
+  void writePlace(PanelId id, const std::string& text);
+  void surroundMembers();
+  bool area() const { return c_.state.selKind == kSelArea; }
+
   DesignContext& c_;
   std::vector<PanelControl> controls_;
+  std::vector<ObjectRef> objects_;  // selected ones, as last noticed
+  int visit_ = 0;                   // counts selections: what is typed into one is one step
+  std::optional<Typed> typed_;
 };
 
 }  // namespace plinth
