@@ -18,8 +18,8 @@ enum class ScrollCode {
   stepForward,
   pageBack,
   pageForward,
-  thumbTrack,
   thumbDrop,
+  thumbTrack,
   start,
   end,
   done
