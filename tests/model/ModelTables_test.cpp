@@ -14,14 +14,16 @@
 namespace plinth {
 namespace {
 
-// The sweep as it was first told: each wanted number, each index, each kind.
-std::vector<int> sweptTabs(const ProjectDocument& d) {
+// The sweep as it was first told: each wanted number, each index, each kind. `memos`: the highest that
+// counts.
+std::vector<int> sweptTabs(const ProjectDocument& d, int memos) {
   std::vector<std::vector<int>> tabs(4), ranks(4);
   for (const FieldRow& row : d.fields) tabs[0].push_back(row.tabOrder);
   for (const MemoRow& row : d.memos) tabs[1].push_back(row.tabOrder);
   for (const ComboRow& row : d.combos) tabs[2].push_back(row.tabOrder);
   for (const CheckRow& row : d.checks) tabs[3].push_back(row.tabOrder);
-  const int n = d.fieldCount() + d.memoCount() + d.comboCount() + d.checkCount() + 100;
+  tabs[1].resize(static_cast<std::size_t>(memos) + 1);
+  const int n = d.fieldCount() + memos + d.comboCount() + d.checkCount() + 100;
   int rank = 0;
   for (int kind = 0; kind < 4; ++kind) ranks[kind].resize(tabs[kind].size());
   const auto sweep = [&](const std::function<bool(int tab, int rank)>& takes) {
@@ -55,11 +57,13 @@ TEST(AssignTab, EqualsTheSweep) {
     fill(d.memos, 2);
     fill(d.combos, 1);
     fill(d.checks, 0);
-    const std::vector<int> expected = sweptTabs(d);
+    d.memos[1].page = random() % 2 ? 0 : kPageVacant;
+    const int memos = d.memos.size() == 2 && d.memos[1].page == kPageVacant ? 0 : d.memoCount();
+    const std::vector<int> expected = sweptTabs(d, memos);
     assignTab(d);
     std::vector<int> actual;
     for (std::size_t i = 1; i < d.fields.size(); ++i) actual.push_back(d.fields[i].tabOrder);
-    for (std::size_t i = 1; i < d.memos.size(); ++i) actual.push_back(d.memos[i].tabOrder);
+    for (int i = 1; i <= memos; ++i) actual.push_back(d.memos[static_cast<std::size_t>(i)].tabOrder);
     for (std::size_t i = 1; i < d.combos.size(); ++i) actual.push_back(d.combos[i].tabOrder);
     for (const CheckRow& row : d.checks) actual.push_back(row.tabOrder);
     ASSERT_EQ(actual, expected) << round;
