@@ -2,14 +2,15 @@
 // placed one, lines by their ends, labels typed in place. Area gestures go on to AreaSelection.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/Canvas.h"
 #include "platform/Events.h"
 #include "surface/AreaSelection.h"
 #include "surface/DesignContext.h"
+#include "surface/LineEditing.h"
 
 namespace plinth {
 
@@ -23,7 +24,9 @@ class PageEditor {
   void mouseMove(const MouseEvent& event, ItemRef hit);  // event.button: those held, 0 for none
   void mouseUp(const MouseEvent& event);
   void doubleClick(const MouseEvent& event, ItemRef hit);
-  // Arrow keys, Delete, Escape. True when the key was used.
+  // Arrow keys, also with Shift, which takes a step of the grid or ten pixels; Enter puts a carried object
+  // down, Escape gives up what is under way, else the selection; F2 types the selected label. True when the
+  // key was used.
   bool keyDown(const KeyEvent& event);
 
   // Selects an object as a press on it does; the panel fills.
@@ -41,8 +44,42 @@ class PageEditor {
   void paintOverlay(Canvas& canvas) const;
 
  private:
+  // What the left button holds.
+  enum class Hold { nothing, carried, body, edge, lineEnd };
+
+  void press(PointPx point, ItemRef hit);
+  void pressRight(PointPx point, ItemRef hit);
+  void pressLine(ObjectRef line, LineEnd end, PointPx grip);
+  void hold(Hold what, ObjectRef object);
+  void letGo();
+  std::optional<ObjectRef> objectAt(PointPx point, ItemRef hit) const;
+  std::optional<ObjectRef> carriedObject() const;
+
+  void drag(PointPx point);
+  void follow(ObjectRef object, PointPx point, bool held);
+  void release(PointPx point);
+  void releasePlaced();
+  void putDown(ObjectRef object);
+  void afterRelease(ObjectRef object);
+  void hover(PointPx point, ItemRef hit);
+  void setPointer(PointerShape pointer);
+  void setHoverLabel(int index);
+  void moved(ObjectRef object);
+
+  bool escape();
+  bool giveUpCarried();
+  void deselect();
+  bool nudge(int dx, int dy, bool far);
+  void finishNudge(ObjectRef object, PointPx by);
+
   DesignContext& c_;
   AreaSelection& area_;
+  Hold hold_ = Hold::nothing;
+  ObjectRef held_;
+  PointPx grip_;  // of the pointer, from the corner or the line's end that is dragged
+  PointerShape edge_ = PointerShape::arrow;
+  bool dragged_ = false;
+  std::function<void()> restore_;  // brings the held object back to how it was
 };
 
 }  // namespace plinth
