@@ -17,6 +17,7 @@ namespace {
 
 struct FakeDesignerView : DesignerView {
   void projectChanged() override { ++projects; }
+  void projectSaved() override { ++saves; }
   void captionChanged(const std::string& text) override { caption = text; }
   void recentFilesChanged() override { ++recents; }
   void languageChanged() override { ++languages; }
@@ -25,10 +26,19 @@ struct FakeDesignerView : DesignerView {
     offered = names;
     return choice;
   }
-  int projects = 0, recents = 0, languages = 0;
+  int projects = 0, saves = 0, recents = 0, languages = 0;
   bool busy = false;
   std::string caption, choice;
   std::vector<std::string> offered;
+};
+
+// A disk whose other end fails while the rest of it works.
+struct FilesWithABadPath : MemoryFiles {
+  Result<void> write(const std::string& path, std::span<const std::uint8_t> bytes) override {
+    if (path == failPath) return memoryError(ErrorKind::full, path);
+    return MemoryFiles::write(path, bytes);
+  }
+  std::string failPath;
 };
 
 std::string languageFile(const std::string& word, int charSet, const std::string& font) {
@@ -47,10 +57,10 @@ class Designer : public testing::Test {
   }
   DesignerShell& shell() {
     if (!shell_)
-      shell_ =
-          std::make_unique<DesignerShell>(DesignerServices{files, messages, chooser, settings, clock,
-                                                           progress, "/p/", [] { return Bytes{9}; }, first},
-                                          view);
+      shell_ = std::make_unique<DesignerShell>(
+          DesignerServices{files, messages, chooser, settings, clock, progress, "/p/",
+                           [] { return Bytes{9}; }, first, 1252, templateSettings},
+          view);
     return *shell_;
   }
   void putProject(const std::string& path, const std::string& title) {
@@ -60,7 +70,7 @@ class Designer : public testing::Test {
     files.put(path, writeProject(d, none, {path, 1}).bytes);
   }
 
-  MemoryFiles files;
+  FilesWithABadPath files;
   FakeMessages messages;
   FakeChooser chooser;
   MemorySettings settings;
@@ -68,6 +78,7 @@ class Designer : public testing::Test {
   FakeProgress progress;
   FakeDesignerView view;
   bool first = true;  // no other designer runs
+  Settings* templateSettings = nullptr;
   std::unique_ptr<DesignerShell> shell_;
 };
 
@@ -187,6 +198,7 @@ TEST_F(Designer, SaveAsSetsTheExtensionAndAsksBeforeOverwriting) {
   ASSERT_TRUE(shell().saveAs());
   EXPECT_TRUE(files.exists("/d.x/shop.v2.qvf"));
   EXPECT_EQ(view.caption, "Rvn Plinth V2.0 : /d.x/shop.v2.qvf");
+  EXPECT_EQ(view.saves, 1);
   EXPECT_FALSE(shell().document().dirty);
   EXPECT_EQ(shell().lastPath(), "/d.x/shop.v2.qvf");
   EXPECT_TRUE(shell().saveAs());  // "/d.x/shop.qvf" is a new name
@@ -253,10 +265,131 @@ TEST_F(Designer, ChangesTheLanguage) {
   EXPECT_EQ(shell().document().charSet, 204);
   EXPECT_EQ(shell().document().languageCode, 6);
   EXPECT_EQ(readRecentFiles(files.disk->find("/p/Plinth.ini")->bytes).language, "Russian");
+  EXPECT_EQ(shell().document().titles[2].fontName, "Arial CYR");
   EXPECT_EQ(shell().helpFile(), "/p/Languages/English.chm");
-  shell().keepPosition("Form1Left", -30);
-  EXPECT_EQ(shell().position("Form1Left", 0), -30);
-  EXPECT_EQ(shell().position("Form1Top", 240), 240);
+  files.put("/p/Languages/Russian.chm", "help");
+  EXPECT_EQ(shell().helpFile(), "/p/Languages/Russian.chm");
+  ASSERT_TRUE(shell().newProject());  // its file still speaks English
+  EXPECT_EQ(shell().document().languageCode, 6);
+  EXPECT_EQ(shell().document().charSet, 204);
+}
+
+TEST_F(Designer, KeepsThePlacesOfItsWindows) {
+  MemorySettings ofTemplates;
+  templateSettings = &ofTemplates;
+  ASSERT_TRUE(shell().start(""));
+  for (const WindowPosition& known : windowPositions()) {
+    const std::string key(known.key);
+    EXPECT_EQ(shell().position(key), known.fallback) << key;
+    shell().keepPosition(key, known.fallback - 5000);
+    EXPECT_EQ(shell().position(key), known.fallback - 5000) << key;
+  }
+  EXPECT_EQ(ofTemplates.get("Settings", "XTempWindow", "") + ofTemplates.get("Settings", "YTempWindow", ""),
+            "-4760-2700");
+  EXPECT_EQ(ofTemplates.count(), 2u);
+  EXPECT_EQ(shell().position("Form99Left") + shell().position("Form99Left", 240), 240);
+}
+
+TEST_F(Designer, ShowsTheTestEntriesOfCompleteTemplates) {
+  ASSERT_TRUE(shell().start(""));
+  auto& documents = shell().document().documents;
+  documents[0] = {"xml", "", ""};
+  documents[1] = {"", "<a>", ""};
+  documents[9] = {"txt", "<b>", ""};
+  std::vector<std::string> expected(10);
+  expected[9] = "en137 *txten106 *";
+  EXPECT_EQ(shell().testTemplates(), expected);
+}
+
+// Works on a project with a picture, and stops without a word to anybody.
+class Crash : public Designer {
+ protected:
+  void workAndCrash(const std::string& path) {
+    MemoryPictures pictures;
+    ProjectDocument d;
+    d.pictures.resize(1);
+    d.pictures[0].picturePath = *pictures.put("logo.bmp", Bytes{'l', 'o'});
+    files.put("/d/a.qvf", writeProject(d, pictures, {"/d/a.qvf", 1}).bytes);
+    ASSERT_TRUE(shell().start(path));
+    change(path.empty() ? "New" : "Changed");
+    shell_.reset();
+    messages.shown.clear();
+  }
+  void change(const std::string& title) {
+    shell().document().appTitle = title;
+    shell().changed();
+    shell().tick(0);
+    shell().tick(SafetyCopy::kSeconds);
+  }
+  std::size_t copies() { return files.list("/tmp/PlinthSafety").size() / 2; }
+};
+
+TEST_F(Crash, OffersTheSafetyCopyUntilTheProjectIsSaved) {
+  workAndCrash("/d/a.qvf");
+  for (const int round : {1, 2}) {  // a second crash before the next copy loses nothing
+    messages.answers = {true};
+    ASSERT_TRUE(shell().start("")) << round;
+    EXPECT_EQ(messages.texts().back(), "Plinth was not closed properly. Open the safety copy of /d/a.qvf?");
+    EXPECT_EQ(shell().document().appTitle, "Changed");
+    EXPECT_EQ(files.textOf(shell().document().pictures[0].picturePath), "lo");
+    EXPECT_TRUE(shell().document().dirty);
+    EXPECT_EQ(view.caption, "Rvn Plinth : /d/a.qvf : ");
+    if (round == 1) shell_.reset();
+  }
+  ASSERT_TRUE(shell().save());
+  EXPECT_TRUE(chooser.requests.empty());  // the original's path is known
+  EXPECT_EQ(copies(), 0u);
+  shell_.reset();
+  messages.shown.clear();
+  ASSERT_TRUE(shell().start("/d/a.qvf"));
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(shell().document().appTitle, "Changed");
+}
+
+TEST_F(Crash, OffersEachCopyOnceAndOnlyWhenNoOtherDesignerRuns) {
+  workAndCrash("");
+  first = false;
+  workAndCrash("/d/a.qvf");
+  ASSERT_EQ(copies(), 2u);
+  ASSERT_TRUE(shell().start(""));
+  EXPECT_TRUE(messages.shown.empty());
+  shell_.reset();
+  first = true;
+  messages.answers = {false, false};
+  ASSERT_TRUE(shell().start(""));
+  ASSERT_EQ(messages.shown.size(), 2u);
+  EXPECT_EQ(messages.shown[0].text, "Plinth was not closed properly. Open the safety copy of a new project?");
+  EXPECT_EQ(shell().document().appTitle, "");
+  EXPECT_FALSE(shell().document().dirty);
+  EXPECT_EQ(copies(), 0u);
+}
+
+TEST_F(Crash, LeavesNoCopyOfWhatWasLeftOnPurpose) {
+  ASSERT_TRUE(shell().start(""));
+  change("One");
+  ASSERT_EQ(copies(), 1u);
+  messages.answers = {false, false};
+  ASSERT_TRUE(shell().newProject());
+  EXPECT_EQ(copies(), 0u);
+  change("Two");
+  ASSERT_EQ(copies(), 1u);
+  ASSERT_TRUE(shell().mayExit());
+  EXPECT_EQ(copies(), 0u);
+}
+
+TEST_F(Crash, KeepsACopyOfWhatASaveCouldNotWrite) {
+  ASSERT_TRUE(shell().start(""));
+  change("One");
+  shell().document().appTitle = "Latest";
+  chooser.answers = {"/d/b.qvf", "/d/b.qvf"};
+  files.failPath = "/d/b.qvf";
+  EXPECT_FALSE(shell().save());
+  ASSERT_TRUE(shell().mayExit());
+  EXPECT_EQ(copies(), 1u);
+  shell_.reset();
+  messages.answers = {true};
+  ASSERT_TRUE(shell().start(""));
+  EXPECT_EQ(shell().document().appTitle, "Latest");
 }
 
 }  // namespace
