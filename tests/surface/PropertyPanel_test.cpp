@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "tests/surface/DesignFixture.h"
 
 namespace plinth {
@@ -54,14 +59,14 @@ TEST_F(PropertyPanelTest, OffersEachKindWhatItHas) {
   for (const auto& c : cases)
     for (std::size_t kind = 0; kind < all.size(); ++kind) {
       pick(all[kind]);
-      EXPECT_EQ(panel.control(c.id).enabled, c.offered[kind] == '1') << static_cast<int>(c.id) << " " << kind;
+      EXPECT_EQ(panel.control(c.id).enabled, c.offered[kind] == '1') << int(c.id) << " " << kind;
       EXPECT_EQ(panel.icon(), all[kind].kind);
     }
 }
 
 TEST_F(PropertyPanelTest, OffersOnlyThePlaceWithoutASelection) {
   for (const PanelControl& control : panel.controls()) {
-    EXPECT_EQ(control.shown, control.id == P::left || control.id == P::top) << static_cast<int>(control.id);
+    EXPECT_EQ(control.shown, control.id == P::left || control.id == P::top) << int(control.id);
     EXPECT_FALSE(control.enabled);
   }
   EXPECT_FALSE(panel.icon());
@@ -77,15 +82,14 @@ TEST_F(PropertyPanelTest, ShowsTheValuesOfTheSelected) {
   row.fontSize = 10.5f, row.fontItalic = true, row.alignment = 2, row.tag = "Town", row.tabOrder = 4;
   row.fieldLength = 25, row.frameStyle = 3, row.noSearch = 1;
   pick(f);
-  EXPECT_EQ(panel.control(P::color1).color, 0x0000FF);
-  EXPECT_EQ(panel.control(P::color2).color, 0x00FF00);
-  EXPECT_EQ(panel.control(P::color3).color, 0xFF0000);
-  EXPECT_EQ(panel.control(P::selItem).color, 0x0000FF);
+  const std::pair<PanelId, std::int32_t> colors[] = {
+      {P::color1, 0x0000FF}, {P::color2, 0x00FF00}, {P::color3, 0xFF0000}, {P::selItem, 0x0000FF}};
+  for (const auto& [id, expected] : colors) EXPECT_EQ(panel.control(id).color, expected) << int(id);
   const std::pair<PanelId, const char*> texts[] = {
       {P::fontName, "Arial"}, {P::fontSize, "10"},   {P::fieldLabel, "Town"}, {P::tabOrder, "4"},
       {P::fieldLength, "25"}, {P::borderStyle, "3"}, {P::left, "13"},         {P::top, "17"},
       {P::width, "106"},      {P::height, "21"},     {P::selItem, "F1"}};
-  for (const auto& [id, expected] : texts) EXPECT_EQ(text(id), expected) << static_cast<int>(id);
+  for (const auto& [id, expected] : texts) EXPECT_EQ(text(id), expected) << int(id);
   const std::pair<PanelId, bool> checks[] = {
       {P::italic, true},   {P::bold, false},    {P::alignCenter, true}, {P::alignLeft, false},
       {P::allPages, true}, {P::noSearch, true}, {P::noChart, false},    {P::lockEnabled, false}};
@@ -210,7 +214,7 @@ TEST_F(PropertyPanelTest, ReadOutsPlaceTheFrame) {
   document.pageWidth = 640 * 15, document.pageHeight = 480 * 15;
   document.squares[0].shapeType = 3;
   settle();
-  // From 30,40 and 100 x 50; a line's boxes are its ends. Sides that the kind's own look decides are -1.
+  // One change after the other, each object from 30,40 and 100 x 50; a line's boxes are its ends.
   const struct {
     std::size_t kind;
     PanelId id;
@@ -333,7 +337,7 @@ TEST_F(PropertyPanelTest, KeysAreFiltered) {
       const char kept = panel.filterKey(c.id, *key);
       becomes += kept ? kept : '.';
     }
-    EXPECT_EQ(becomes, c.becomes) << static_cast<int>(c.id);
+    EXPECT_EQ(becomes, c.becomes) << int(c.id);
   }
 }
 
