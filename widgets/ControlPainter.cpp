@@ -25,6 +25,12 @@ std::int32_t ink(const ControlColors& colors, const ControlState& state, std::in
   return state.enabled ? colors.fore : blended(colors.fore, back);
 }
 
+// Lines that are seen on a face, be it light or dark.
+std::int32_t lineOn(std::int32_t face) {
+  const int light = ((face & 0xFF) + (face >> 8 & 0xFF) + (face >> 16 & 0xFF)) / 3;
+  return shaded(face, light < 100 ? 40 : -40);
+}
+
 // A bar's own directions as those of the canvas.
 struct Bar {
   Canvas& canvas;
@@ -64,7 +70,7 @@ void paintArrow(const Bar& bar, int from, int length, bool back, bool pressed) {
 void paintThumb(const Bar& bar, int from, int length, bool pressed) {
   Canvas& canvas = bar.canvas;
   const RectPx area = bar.part(from, length);
-  const std::int32_t dark = shaded(bar.face(), -40);
+  const std::int32_t dark = lineOn(bar.face());
   switch (static_cast<ThumbPattern>(bar.look.pattern)) {
     case ThumbPattern::round:
       canvas.box(inflated(area, -1), {LineStyle::solid, 1, dark},
@@ -162,7 +168,7 @@ void paintOptionBox(Canvas& canvas, SizePx size, bool checked, int appearance, c
   const std::int32_t back = !state.enabled  ? blended(colors.back, colors.surround)
                             : state.pressed ? shaded(colors.back, -12)
                                             : colors.back;
-  const std::int32_t dark = shaded(back, -50), line = blended(colors.fore, back);
+  const std::int32_t dark = lineOn(back), line = blended(colors.fore, back);
   fill(canvas, box, back);
   if (appearance == 0) {
     edges(canvas, box, line, line);
@@ -183,7 +189,7 @@ void paintTabButton(Canvas& canvas, SizePx size, const TabLook& look, const Cont
                     const ControlState& state) {
   const int wide = size.width, high = size.height;
   const std::int32_t face = look.selected ? look.selectedBack : colors.back;
-  const std::int32_t line = shaded(colors.back, -28);
+  const std::int32_t line = shaded(lineOn(colors.back), 30);
   fill(canvas, {0, 0, wide, high}, colors.surround);
   fill(canvas, {0, kTabCorner, wide, high - kTabCorner}, face);
   for (int i = 0; i < kTabCorner; ++i)

@@ -184,6 +184,11 @@ class TabButtonWindow : public ClickWidget {
       clicked();
       return 0;
     }
+    if (message == kFrameSetFillColor) {
+      selectedBack_ = static_cast<std::int32_t>(param);
+      repaint();
+      return 0;
+    }
     return ClickWidget::message(message, wide, param);
   }
   void paint(Canvas& canvas, SizePx size) override {

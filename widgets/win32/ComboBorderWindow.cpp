@@ -128,12 +128,17 @@ void ComboBorderWindow::fit() {
   const int inset = comboInset(border_.style), wide = std::max(0, now.width - 2 * inset),
             high = std::max(0, now.height - 2 * inset);
   ::SetWindowPos(inner_, nullptr, inset, inset, wide, high * (kDropLines + 1), SWP_NOZORDER | SWP_NOACTIVATE);
-  RECT closed = {};
-  ::GetWindowRect(inner_, &closed);
-  const int line = static_cast<int>(::SendMessageW(inner_, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
-  const int around = closed.bottom - closed.top - line;
-  if (line > 0 && high > around && high != around + line)
-    ::SendMessageW(inner_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), high - around);
+  // Twice, since not every system means by a line that is set what it means by one that is asked for.
+  const auto closedHeight = [&] {
+    RECT closed = {};
+    ::GetWindowRect(inner_, &closed);
+    return static_cast<int>(closed.bottom - closed.top);
+  };
+  int line = static_cast<int>(::SendMessageW(inner_, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
+  for (int i = 0; i < 2 && closedHeight() != high; ++i) {
+    line += high - closedHeight();
+    if (line > 0) ::SendMessageW(inner_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), line);
+  }
   centreLine();
   // Sizing marks the whole text, which in a box that nobody is in looks like the focus.
   if (edit_ && ::GetFocus() != edit_) ::SendMessageW(inner_, CB_SETEDITSEL, 0, 0);

@@ -310,7 +310,8 @@ LRESULT ScrollBarWindow::message(UINT message, WPARAM wide, LPARAM param) {
       if (wide == kTimer1) tick();
       return 0;
     case WM_GETDLGCODE:
-      return DLGC_WANTARROWS;
+      // Esc would close a dialog while it should give up the drag.
+      return mouseHeld_ ? DLGC_WANTALLKEYS : DLGC_WANTARROWS;
     case WM_GETOBJECT:
       if (static_cast<LONG>(param) == kClassIndexAsked) return kIsScrollBar;
       break;

@@ -73,7 +73,8 @@ enum WidgetMessage : UINT {
   kFrameSetBorderColor,  // lParam: colour
   // MyFrame: wParam: style as in Frame, by the list of the panel. UserSel: 0 dashes, 1 a solid line.
   kFrameSetBorderStyle,
-  kFrameSetFillColor,  // lParam: colour; that of the surroundings at first
+  // lParam: colour. MyFrame: of the inside, that of the surroundings at first. TabButton: of the chosen tab.
+  kFrameSetFillColor,
 
   // OptionBox.
   kOptionSetAppearance,  // wParam: 0 flat, 1 sunken (as at first)
