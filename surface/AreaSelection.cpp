@@ -3,7 +3,10 @@
 #include "surface/AreaSelection.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <iterator>
 #include <string>
+#include <utility>
 
 #include "surface/ObjectPlaces.h"
 #include "surface/Units.h"
