@@ -97,6 +97,7 @@ class Widgets : public testing::Test {
     if (message == WM_COMMAND && param) heard_.push_back({message, LOWORD(wide), HIWORD(wide)});
     if (message == WM_VSCROLL || message == WM_HSCROLL)
       heard_.push_back({message, ::GetDlgCtrlID(reinterpret_cast<HWND>(param)), LOWORD(wide)});
+    if (message == WM_MOUSEWHEEL) heard_.push_back({message, 0, 0});
     if (message == kBandMoving) {
       RECT& wanted = *reinterpret_cast<RECT*>(param);
       const LONG shift = std::max<LONG>(0, limit_.left - wanted.left);
@@ -231,6 +232,9 @@ TEST_F(Widgets, AComboInItsBorderIsAComboBox) {
     EXPECT_EQ(std::count(told.begin(), told.end(), code), 1) << code;
   const std::wstring chosen = shown(combo);
   EXPECT_TRUE(chosen == L"Cash" || chosen == L"Net") << chosen.size();
+  send(edit, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA));  // closed: for the page around it
+  EXPECT_EQ(shown(combo), chosen);
+  EXPECT_EQ(heard_.back().message, static_cast<UINT>(WM_MOUSEWHEEL));
   // Locked it shows and takes nothing.
   send(combo, kComboSetLocked, 1);
   send(edit, WM_CHAR, L'y');

@@ -85,8 +85,10 @@ std::optional<LRESULT> ClickWidget::buttonMessage(UINT message, WPARAM wide) {
     case BM_SETSTATE:
       setPressed(wide != 0);
       return 0;
-    case BM_CLICK:
-      if (::IsWindowEnabled(window())) clicked();
+    case BM_CLICK:  // as a person's click, focus and all
+      if (!::IsWindowEnabled(window())) return 0;
+      mouseDown();
+      mouseUp(0, false);
       return 0;
     default:
       return std::nullopt;

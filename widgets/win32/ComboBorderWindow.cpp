@@ -71,6 +71,7 @@ class ComboBorderWindow : public WidgetWindow {
   void paintInner();
   void paintChoice(HDC dc, const COMBOBOXINFO& shape);
   bool refused(UINT message, WPARAM wide) const;
+  bool wheelPasses(UINT message) const;
   wchar_t typed(wchar_t letter) const;
   void recase();
 
@@ -275,6 +276,7 @@ LRESULT ComboBorderWindow::message(UINT message, WPARAM wide, LPARAM param) {
       repaintAll();
       return 0;
     case WM_SETFOCUS:
+    case WM_LBUTTONDOWN:  // on the border
       ::SetFocus(edit_ ? edit_ : inner_);
       return 0;
     case WM_GETDLGCODE:
@@ -350,7 +352,6 @@ bool ComboBorderWindow::refused(UINT message, WPARAM wide) const {
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-    case WM_MOUSEWHEEL:
     case WM_SYSKEYDOWN:
       return message != WM_SYSKEYDOWN || wide == VK_DOWN || wide == VK_UP;
     case WM_KEYDOWN:
@@ -363,6 +364,11 @@ bool ComboBorderWindow::refused(UINT message, WPARAM wide) const {
   }
 }
 
+// A wheel over a closed box scrolls what the box stands on; it must not change a text unasked.
+bool ComboBorderWindow::wheelPasses(UINT message) const {
+  return message == WM_MOUSEWHEEL && !::SendMessageW(inner_, CB_GETDROPPEDSTATE, 0, 0);
+}
+
 LRESULT CALLBACK ComboBorderWindow::innerProcedure(HWND window, UINT message, WPARAM wide, LPARAM param,
                                                    UINT_PTR id, DWORD_PTR self) {
   auto* combo = reinterpret_cast<ComboBorderWindow*>(self);
@@ -371,6 +377,7 @@ LRESULT CALLBACK ComboBorderWindow::innerProcedure(HWND window, UINT message, WP
     if (message == WM_LBUTTONDOWN) ::SetFocus(combo->edit_ ? combo->edit_ : window);
     return 0;
   }
+  if (combo->wheelPasses(message)) return ::SendMessageW(combo->parent(), message, wide, param);
   if (message == WM_ERASEBKGND) return 1;
   if (message == WM_PAINT) {
     combo->paintInner();
@@ -414,8 +421,10 @@ LRESULT CALLBACK ComboBorderWindow::editProcedure(HWND window, UINT message, WPA
       break;
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-    case WM_MOUSEWHEEL:
       if (combo->refused(message, wide)) return 0;
+      break;
+    case WM_MOUSEWHEEL:
+      if (combo->wheelPasses(message)) return ::SendMessageW(combo->parent(), message, wide, param);
       break;
     case WM_CHAR:
       return ::DefSubclassProc(window, message, combo->typed(static_cast<wchar_t>(wide)), param);
