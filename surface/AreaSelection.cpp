@@ -195,7 +195,7 @@ void AreaSelection::release() {
 }
 
 void AreaSelection::endDrag() {
-  if (drag_ == Drag::moving && moved_) finish(c_, moveWords(members()));
+  if (active() && drag_ == Drag::moving && moved_) finish(c_, moveWords(members()));
   drag_ = Drag::none;
   moved_ = false;
 }

@@ -65,6 +65,9 @@ const std::vector<PaperEntry>& paperEntries() {
 void PageSetup::showPage(int page) {
   if (page < 0 || page >= kPages) return;
   DesignState& state = c_.state;
+  // A drag that the keyboard interrupts here has no release of its own.
+  if (const auto objects = selectedObjects(state, c_.document); !objects.empty())
+    finish(c_, "move of " + shortName(objects));
   const bool labelEdited = state.editedTitle >= 0, hid = !state.hidden.empty();
   selectNothing(state);
   revealHidden(c_);

@@ -55,7 +55,10 @@ TEST_F(PageSetupTest, ShowsAPageWithNothingSelected) {
   state.selKind = kSelArea;
   state.userSelVisible = true;
   state.multiSel = {line};
+  moveBy(document, line, 5, 5);  // in a drag
   setup.showPage(0);
+  EXPECT_EQ(history.undoWords(), "move of Line 1");
+  document.dirty = false;
   EXPECT_FALSE(state.userSelVisible);
   EXPECT_TRUE(state.multiSel.empty());
   EXPECT_TRUE(document.squares[0].visible);
