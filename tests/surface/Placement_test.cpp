@@ -71,7 +71,9 @@ TEST_F(PlacementTest, EachToolMakesItsObjectAndHandsItToTheMouse) {
     EXPECT_EQ(pageOf(f.document, c.first), 3);
     EXPECT_EQ(tagOf(f.document, c.first), c.tag);
     withRow(f.document, c.first, [](const auto& row) {
-      if constexpr (requires { row.printOn; }) EXPECT_EQ(row.printOn, 1);
+      if constexpr (requires { row.printOn; }) {
+        EXPECT_EQ(row.printOn, 1);
+      }
     });
     EXPECT_EQ(f.history.undoWords(), c.words);
     EXPECT_TRUE(f.document.dirty);
@@ -180,6 +182,7 @@ TEST_F(PlacementTest, OneFieldOfMailAddresses) {
   EXPECT_EQ(state.selKind, 1);
   EXPECT_EQ(state.placeTool, kToolNone);
   document.emailField = 0;
+  settle();
   tools.place(Tool::email);
   EXPECT_EQ(document.emailField, 3);
   EXPECT_EQ(history.undoWords(), "placing of F3");
