@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "basic/Text.h"
 #include "model/DerivedTexts.h"
