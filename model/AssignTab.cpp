@@ -1,25 +1,15 @@
-// One sort in place of a sweep over all wanted numbers, with the same result: positions first, then index,
+// Counting in place of a sweep over all wanted numbers, with the same result: positions first, then index,
 // then kind.
 #include "model/AssignTab.h"
 
 #include <algorithm>
-#include <climits>
-#include <compare>
 #include <cstddef>
+#include <cstdint>
+#include <numeric>
 #include <vector>
 
 namespace plinth {
 namespace {
-
-enum Kind { field, memo, combo, check };
-
-// Members stand in the order that counts.
-struct TabStop {
-  int position;  // INT_MAX for unusable ones
-  int place;     // index as the sweep counts: check boxes one later than their own
-  Kind kind;
-  auto operator<=>(const TabStop&) const = default;
-};
 
 // Highest memo that takes part: the slot of the document box exists from the start and counts once it was
 // placed or has memos behind it.
@@ -28,45 +18,33 @@ int highestMemo(const ProjectDocument& d) {
   return onlyTheSlot ? 0 : d.memoCount();
 }
 
-void assign(ProjectDocument& d, const TabStop& stop, int rank) {
-  const auto place = static_cast<std::size_t>(stop.place);
-  const auto number = static_cast<std::int16_t>(rank);
-  switch (stop.kind) {
-    case field:
-      d.fields[place].tabOrder = number;
-      break;
-    case memo:
-      d.memos[place].tabOrder = number;
-      break;
-    case combo:
-      d.combos[place].tabOrder = number;
-      break;
-    case check:
-      d.checks[place - 1].tabOrder = number;
-      break;
+// Calls visit with each position, by index and within it by kind: the order of equal ones.
+template <class F>
+void forEachPosition(ProjectDocument& d, F visit) {
+  const int memos = highestMemo(d), checks = d.checkCount() + 1;  // check boxes begin at 0
+  const int last = std::max({d.fieldCount(), memos, d.comboCount(), checks});
+  for (int i = 1; i <= last; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    if (i <= d.fieldCount()) visit(d.fields[at].tabOrder);
+    if (i <= memos) visit(d.memos[at].tabOrder);
+    if (i <= d.comboCount()) visit(d.combos[at].tabOrder);
+    if (i <= checks) visit(d.checks[at - 1].tabOrder);
   }
 }
 
 }  // namespace
 
 void assignTab(ProjectDocument& d) {
-  const int memos = highestMemo(d);
-  const int highest = d.fieldCount() + memos + d.comboCount() + d.checkCount() + 100;
-  std::vector<TabStop> stops;
-  stops.reserve(static_cast<std::size_t>(highest));
-  const auto collect = [&](const auto& rows, int first, int last, Kind kind) {
-    for (int i = first; i <= last; ++i) {
-      const int position = static_cast<int>(rows[static_cast<std::size_t>(i)].tabOrder);
-      const bool usable = position >= 1 && position <= highest;
-      stops.push_back({usable ? position : INT_MAX, i + 1 - first, kind});
-    }
+  const int highest = d.fieldCount() + highestMemo(d) + d.comboCount() + d.checkCount() + 100;
+  // Unusable positions share the last bucket.
+  const auto bucketOf = [highest](int position) {
+    return static_cast<std::size_t>(position >= 1 && position <= highest ? position : highest + 1);
   };
-  collect(d.fields, 1, d.fieldCount(), field);
-  collect(d.memos, 1, memos, memo);
-  collect(d.combos, 1, d.comboCount(), combo);
-  collect(d.checks, 0, d.checkCount(), check);
-  std::ranges::sort(stops);
-  for (std::size_t i = 0; i < stops.size(); ++i) assign(d, stops[i], static_cast<int>(i) + 1);
+  std::vector<int> ranks(static_cast<std::size_t>(highest) + 2);
+  forEachPosition(d, [&](const auto& position) { ++ranks[bucketOf(position)]; });
+  std::exclusive_scan(ranks.begin(), ranks.end(), ranks.begin(), 0);
+  forEachPosition(d,
+                  [&](auto& position) { position = static_cast<std::int16_t>(++ranks[bucketOf(position)]); });
 }
 
 }  // namespace plinth
