@@ -2,8 +2,10 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "basic/Locale.h"
 #include "surface/DesignContext.h"
