@@ -99,6 +99,27 @@ TEST(PayloadFromProject, PreparesFormulasAndDropsDeletedButtons) {
   EXPECT_EQ(payload.buttons[1].page, kPageVacant);
 }
 
+TEST(PayloadFromProject, NumbersObjectsAsASavedProjectDoes) {
+  ProjectDocument document;
+  MemoryPictures pictures;
+  document.fields.resize(2);
+  document.fields[1].formula = "K3";
+  document.checks.resize(4);
+  document.checks[1].page = kPageDeleted;
+  document.checks[2].tag = "second";
+  document.search.text1 = {"K3", "K9"};
+  const Payload payload = make(document, pictures);
+  ASSERT_EQ(payload.checks.size(), 3u);
+  EXPECT_EQ(payload.fields[1].formula, "K2");
+  EXPECT_EQ(payload.checks[2].tag, "CheckBox_Field_2");
+  EXPECT_EQ(payload.application.showColumns[0], 4002);
+  EXPECT_EQ(document.fields[1].formula, "K3");
+  EXPECT_EQ(document.checks[2].tag, "second");
+  EXPECT_EQ(document.checks[3].tag, "CheckBox_Field_2");
+  EXPECT_EQ(document.search.text1[0], "K3");
+  EXPECT_EQ(document.search.text1[1], "");
+}
+
 TEST(PayloadFromProject, TurnsScriptsIntoHtmlAndTemplatesIntoXml) {
   ProjectDocument document;
   MemoryPictures pictures;
