@@ -182,7 +182,7 @@ bool DesignerShell::mayLeaveProject() {
 
 bool DesignerShell::mayExit() {
   if (!mayLeaveProject()) return false;
-  if (!saveBrokeOff_) safety_->discard();
+  if (safety_ && !saveBrokeOff_) safety_->discard();
   return true;
 }
 

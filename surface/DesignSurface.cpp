@@ -41,7 +41,11 @@ DesignSurface::DesignSurface(SurfaceServices services, SurfaceWindow& window)
                }},
       area_(context_),
       editor_(context_, area_),
-      placement_(context_),
+      placement_(context_, services_.locale,
+                 [this](const std::string& path) {
+                   const std::shared_ptr<Image> image = services_.images.at(path);
+                   return image ? image->size() : SizePx{};
+                 }),
       panel_(context_),
       clipboard_(context_, area_),
       setup_(context_),
@@ -192,7 +196,10 @@ void DesignSurface::stepTaken() {
   state_.hidden.clear();
   if (state_.selKind == kSelArea) {
     std::erase_if(state_.multiSel, [this](ObjectRef object) { return !isLive(services_.document, object); });
-    if (state_.multiSel.empty()) selectNothing(state_);
+    if (state_.multiSel.empty())
+      selectNothing(state_);
+    else
+      area_.show(std::vector<ObjectRef>(state_.multiSel));
   } else if (!selectedObject(state_, services_.document)) {
     selectNothing(state_);
   }

@@ -42,6 +42,7 @@ struct SurfaceServices {
   Messages& messages;
   Clock& clock;
   Clipboard& clipboard;
+  Locale locale;  // of dates
   TextMeasure measure;
   LabelSource label;
   std::function<std::string()> choosePicture;

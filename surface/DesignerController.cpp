@@ -43,7 +43,7 @@ DesignerController::DesignerController(DesignerParts parts, DesignerWindow& wind
       shell_(parts_.services, *this),
       images_([this](const std::string& path) { return shell_.pictures().get(path); }, parts_.decoder),
       surface_({shell_.document(), images_, parts_.services.messages, parts_.services.clock, parts_.clipboard,
-                remembering(parts_.measure), labels(), [this] { return choosePicture(); }},
+                parts_.locale, remembering(parts_.measure), labels(), [this] { return choosePicture(); }},
                window) {}
 
 bool DesignerController::start(const std::string& commandLine) {

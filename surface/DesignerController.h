@@ -43,6 +43,7 @@ struct DesignerParts {
   Shell& shell;
   ImageDecoder& decoder;
   TextMeasure measure;
+  Locale locale;                       // of the dates on pages
   std::span<const std::uint8_t> stub;  // the engine that the program carries
   std::span<const std::uint8_t> defaultIcon;
   std::string version;        // of this program

@@ -44,11 +44,9 @@ bool areaDrawn(const D& d, int) {
 
 std::string pageText(const D& d, int i) { return "&" + std::to_string(i + 1) + " " + d.pageName(i); }
 
-// Menu entries have the western characters of the sizes' names.
 std::string paperText(const D&, int i) {
-  constexpr int kWestern = 1252;
   for (const PaperEntry& entry : paperEntries())
-    if (entry.index == i) return menuText(toUtf8(entry.text, kWestern));
+    if (entry.index == i) return menuText(entry.text);
   return "";
 }
 

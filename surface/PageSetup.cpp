@@ -109,6 +109,8 @@ bool PageSetup::paperChecked(int index) const {
 
 void PageSetup::customPaper(const std::string& width, const std::string& height) {
   ProjectDocument& d = c_.document;
+  // Left as they came, in landscape they would turn the page.
+  if (d.pageSizeCode == kCustom && std::array{width, height} == customTexts()) return;
   SizePx size{pixelsOfReadout(width, c_.state.scaleUnit), pixelsOfReadout(height, c_.state.scaleUnit)};
   if (d.pageSize20) std::swap(size.width, size.height);
   d.pageSizeCode = kCustom;

@@ -53,18 +53,6 @@ std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM 
       if (!ch) return 0;
       return ::DefSubclassProc(window, message, *ch, param);
     }
-    case WM_PAINT:
-      if (box.type != BoxType::check) break;
-      paintCheck(window, box.index);
-      return 0;
-    case WM_ERASEBKGND:
-      if (box.type == BoxType::check) return 1;
-      break;
-    case WM_MOUSEWHEEL:
-      // A wheel over a closed combo scrolls the page; it must not change the record unasked.
-      if (box.type == BoxType::combo && !::SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0))
-        return ::SendMessageW(page_, message, wide, param);
-      break;
     default:
       break;
   }
@@ -180,7 +168,6 @@ bool BoxWindows::command(int id, int notice, HWND control) {
     case BoxType::check:
       if (notice == BN_SETFOCUS) gotFocus(box, control);
       if (notice == BN_CLICKED) host_.act([&] { host_.session().checkClick(box.index); });
-      if (notice == BN_SETFOCUS || notice == BN_KILLFOCUS) ::InvalidateRect(control, nullptr, FALSE);
       return true;
     case BoxType::button:
       if (notice == BN_SETFOCUS) host_.focusMoved(control);
@@ -196,7 +183,8 @@ bool BoxWindows::command(int id, int notice, HWND control) {
 void BoxWindows::announceFocus() {
   const HWND focus = ::GetFocus();
   if (!focus || !::IsChild(page_, focus)) return;
-  const HWND control = ::GetParent(focus) == page_ ? focus : ::GetParent(focus);
+  HWND control = focus;
+  while (::GetParent(control) != page_) control = ::GetParent(control);
   gotFocus(boxOfId(::GetDlgCtrlID(control)), control);
 }
 
@@ -209,9 +197,7 @@ void BoxWindows::commitFocus() {
 }
 
 HBRUSH BoxWindows::colors(HDC dc, HWND control) {
-  // The list and the edit line of a combo are windows of their own inside it.
-  const HWND owner = ::GetParent(control) == page_ ? control : ::GetParent(control);
-  const BoxId box = boxOfId(::GetDlgCtrlID(owner));
+  const BoxId box = boxOfId(::GetDlgCtrlID(control));
   std::int32_t fore = 0, back = 0xFFFFFF;
   const auto take = [&](const auto& row) {
     fore = plainColor(row.foreColor);
@@ -219,8 +205,6 @@ HBRUSH BoxWindows::colors(HDC dc, HWND control) {
   };
   if (box.type == BoxType::field && box.index <= app().fieldCount())
     take(app().field(box.index));
-  else if (box.type == BoxType::combo && box.index <= app().comboCount())
-    take(app().combo(box.index));
   else if (box.type == BoxType::memo && box.index <= app().memoCount())
     take(app().memo(box.index));
   else
@@ -230,18 +214,6 @@ HBRUSH BoxWindows::colors(HDC dc, HWND control) {
   BrushHandle& brush = brushes_[gdiColor(back)];
   if (!brush) brush = BrushHandle(::CreateSolidBrush(gdiColor(back)));
   return brush.get();
-}
-
-void BoxWindows::paintCheck(HWND window, int n) const {
-  const RectPx place = layout_.check(n);
-  const RECT corner = device(place);
-  BufferedPaint paint(window);
-  GdiCanvas canvas(paint.dc(), host_.scale(), {-corner.left, -corner.top});
-  const bool checked = ::SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
-  paintItem(CheckItem{place, checked, app().check(n).appearance != 0}, canvas);
-  if (::GetFocus() == window)
-    canvas.box(place, {LineStyle::solid, 1, static_cast<std::int32_t>(::GetSysColor(COLOR_HIGHLIGHT))},
-               {FillStyle::none, 0, false, 0});
 }
 
 bool BoxWindows::drawItem(const DRAWITEMSTRUCT& item) {

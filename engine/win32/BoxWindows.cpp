@@ -11,12 +11,10 @@
 #include "engine/win32/AccessibleNames.h"
 #include "engine/win32/ControlIds.h"
 #include "platform/win32/Win32Text.h"
-#include "widgets/PagePainter.h"
+#include "widgets/win32/WidgetClasses.h"
 
 namespace plinth {
 namespace {
-
-constexpr int kDropLines = 12;
 
 template <class T>
 T& at(std::vector<T>& items, int n) {
@@ -42,7 +40,7 @@ DWORD editAlignment(int alignment) {
   return alignment == 1 ? ES_RIGHT : alignment == 2 ? ES_CENTER : ES_LEFT;
 }
 
-HWND editOf(HWND combo) { return ::GetWindow(combo, GW_CHILD); }
+HWND editOf(HWND combo) { return reinterpret_cast<HWND>(::SendMessageW(combo, kComboGetEdit, 0, 0)); }
 
 }  // namespace
 
@@ -70,8 +68,12 @@ std::string BoxWindows::text(HWND window) const {
 }
 
 HWND BoxWindows::make(const wchar_t* kind, DWORD style, int id, const std::string& caption) {
-  const HWND window = ::CreateWindowExW(0, kind, wide(caption).c_str(), WS_CHILD | style, 0, 0, 10, 10, page_,
-                                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+  return ::CreateWindowExW(0, kind, wide(caption).c_str(), WS_CHILD | style, 0, 0, 10, 10, page_,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+}
+
+// Keys of a window come to boxMessage first.
+HWND BoxWindows::listen(HWND window, int id) {
   if (window)
     ::SetWindowSubclass(window, subclass, static_cast<UINT_PTR>(id), reinterpret_cast<DWORD_PTR>(this));
   return window;
@@ -84,7 +86,8 @@ void BoxWindows::createFields() {
     const PayloadField& row = app().field(n);
     if (!Application::live(row.page)) continue;
     const HWND edit = at(fields_, n) =
-        make(L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL | editAlignment(row.alignment), kFieldId + n);
+        listen(make(L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL | editAlignment(row.alignment), kFieldId + n),
+               kFieldId + n);
     ::SendMessageW(edit, EM_LIMITTEXT, static_cast<WPARAM>(row.fieldLength), 0);
     if (!app().helpInStatusLine) host_.setToolTip(edit, row.helpText);
     if (app().calendarButton[static_cast<std::size_t>(n)])
@@ -98,12 +101,13 @@ void BoxWindows::createCombos() {
     const PayloadCombo& row = app().combo(n);
     if (!Application::live(row.page)) continue;
     const HWND combo = at(combos_, n) =
-        make(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, kComboId + n);
+        make(kComboBorderClass, WS_TABSTOP | CBS_DROPDOWN | CBS_AUTOHSCROLL, kComboId + n);
+    ::SendMessageW(combo, kWidgetSetBackColor, 0, plainColor(row.backColor));
+    ::SendMessageW(combo, kWidgetSetForeColor, 0, plainColor(row.foreColor));
     for (const std::string& item : row.items)
       ::SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide(item).c_str()));
     ::SendMessageW(combo, CB_LIMITTEXT, static_cast<WPARAM>(row.fieldLength), 0);
-    ::SetWindowSubclass(editOf(combo), subclass, static_cast<UINT_PTR>(kComboId + n),
-                        reinterpret_cast<DWORD_PTR>(this));
+    listen(editOf(combo), kComboId + n);
     if (!app().helpInStatusLine) host_.setToolTip(editOf(combo), row.helpText);
   }
 }
@@ -113,8 +117,8 @@ void BoxWindows::createMemos() {
   for (int n = 1; n <= app().memoCount(); ++n) {
     const PayloadMemo& row = app().memo(n);
     if (!Application::live(row.page)) continue;
-    const HWND memo = at(memos_, n) =
-        make(L"EDIT", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN, kMemoId + n);
+    const DWORD style = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
+    const HWND memo = at(memos_, n) = listen(make(L"EDIT", style, kMemoId + n), kMemoId + n);
     ::SendMessageW(memo, EM_LIMITTEXT, static_cast<WPARAM>(row.fieldLength), 0);
     if (!app().helpInStatusLine) host_.setToolTip(memo, row.helpText);
   }
@@ -125,7 +129,8 @@ void BoxWindows::createChecks() {
   for (int n = 0; n <= app().checkCount(); ++n) {
     const PayloadCheck& row = app().check(n);
     if (!Application::live(row.page)) continue;
-    at(checks_, n) = make(L"BUTTON", WS_TABSTOP | BS_CHECKBOX | BS_NOTIFY, kCheckId + n, row.tag);
+    at(checks_, n) = make(kOptionBoxClass, WS_TABSTOP | BS_CHECKBOX, kCheckId + n, row.tag);
+    ::SendMessageW(at(checks_, n), kOptionSetAppearance, row.appearance, 0);
     if (!app().helpInStatusLine) host_.setToolTip(at(checks_, n), row.caption);
   }
 }
@@ -158,7 +163,12 @@ void BoxWindows::nameBoxes() const {
     names.set(window, wide(replaceAll(tag, "_", " ")));
   };
   for (int n = 1; n <= app().fieldCount(); ++n) name(at(fields_, n), app().field(n).tag);
-  for (int n = 1; n <= app().comboCount(); ++n) name(at(combos_, n), app().combo(n).tag);
+  for (int n = 1; n <= app().comboCount(); ++n)
+    if (const HWND combo = at(combos_, n)) {
+      const LRESULT inner = ::SendMessageW(combo, kComboGetInner, 0, 0);
+      for (const HWND window : {combo, reinterpret_cast<HWND>(inner), editOf(combo)})
+        name(window, app().combo(n).tag);
+    }
   for (int n = 1; n <= app().memoCount(); ++n) name(at(memos_, n), app().memo(n).tag);
 }
 
@@ -198,29 +208,15 @@ void BoxWindows::placeField(int n) {
   ::SendMessageW(at(fields_, n), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(1, 1));
 }
 
-// A combo's height is that of its dropped list; the closed box follows from the height of its line of
-// letters.
-void BoxWindows::placeCombo(int n) {
-  const HWND combo = at(combos_, n);
-  setFont(combo, app().combo(n).font);
-  const RECT r = device(layout_.combo(n).text);
-  const int high = r.bottom - r.top;
-  ::SetWindowPos(combo, nullptr, r.left, r.top, r.right - r.left, high * (kDropLines + 2),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-  RECT closed = {};
-  ::GetWindowRect(combo, &closed);
-  const int line = static_cast<int>(::SendMessageW(combo, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
-  const int around = closed.bottom - closed.top - line;
-  if (line > 0 && high > around)
-    ::SendMessageW(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), high - around);
-}
-
 void BoxWindows::place() {
   fonts_.clear();
   for (int n = 1; n <= app().fieldCount(); ++n)
     if (at(fields_, n)) placeField(n);
   for (int n = 1; n <= app().comboCount(); ++n)
-    if (at(combos_, n)) placeCombo(n);
+    if (at(combos_, n)) {
+      moveTo(at(combos_, n), layout_.combo(n).text);
+      setFont(at(combos_, n), app().combo(n).font);
+    }
   for (int n = 1; n <= app().memoCount(); ++n)
     if (at(memos_, n)) {
       moveTo(at(memos_, n), layout_.memo(n).text);
@@ -303,7 +299,6 @@ void BoxWindows::showCheck(int n) {
   const FormCheck& box = at(host_.session().form().checks, n);
   ::SendMessageW(window, BM_SETCHECK, box.value == 1 ? BST_CHECKED : BST_UNCHECKED, 0);
   ::EnableWindow(window, !closed() && !box.locked);
-  ::InvalidateRect(window, nullptr, FALSE);
 }
 
 void BoxWindows::showAll() {

@@ -60,6 +60,7 @@ class BoxWindows {
 
  private:
   HWND make(const wchar_t* kind, DWORD style, int id, const std::string& caption = {});
+  HWND listen(HWND window, int id);
   void createFields();
   void createCombos();
   void createMemos();
@@ -68,7 +69,6 @@ class BoxWindows {
   void nameBoxes() const;
   void moveTo(HWND window, const RectPx& place) const;
   void placeField(int n);
-  void placeCombo(int n);
   RECT device(const RectPx& rect) const;
   void setFont(HWND window, const PayloadFont& font);
   void setText(HWND window, const std::string& text);
@@ -87,7 +87,6 @@ class BoxWindows {
   void gotFocus(BoxId box, HWND control);
   void edited(BoxId box, HWND control);
   void comboNotice(int n, int notice, HWND control);
-  void paintCheck(HWND window, int n) const;
 
   EngineHost& host_;
   const PageLayout& layout_;

@@ -123,10 +123,10 @@ void EngineWindow::focusNext(bool back) {
   std::vector<HWND> stops = boxes_->tabStops();
   if (panel_->handle() && ::IsWindowEnabled(panel_->recordBox())) stops.push_back(panel_->recordBox());
   if (stops.empty()) return;
-  HWND now = ::GetFocus();
-  auto at = std::find(stops.begin(), stops.end(), now);
-  if (at == stops.end() && now)
-    at = std::find(stops.begin(), stops.end(), ::GetParent(now));  // a combo's edit line
+  auto at = stops.end();
+  // A combo's focus is in its edit line.
+  for (HWND now = ::GetFocus(); now && now != handle() && at == stops.end(); now = ::GetParent(now))
+    at = std::find(stops.begin(), stops.end(), now);
   HWND next = stops.front();
   if (at != stops.end()) {
     if (back)

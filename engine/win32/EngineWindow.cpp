@@ -9,14 +9,14 @@
 #include "engine/win32/ControlIds.h"
 #include "engine/win32/EngineDialogs.h"
 #include "platform/win32/Win32Text.h"
-#include "widgets/PagePainter.h"
+#include "widgets/win32/WidgetClasses.h"
 
 namespace plinth {
 namespace {
 
 constexpr int kTabHigh = 26, kTabWide = 96, kLeastTwips = 2000;
 constexpr UINT_PTR kClockTimer = 2;
-constexpr std::int32_t kBarColor = 0xECECEC;  // beside the page tabs
+constexpr std::int32_t kBarColor = 0xECECEC, kTabColor = 0xE4E4E4;  // beside the page tabs, and of them
 const FontSpec kTabFont{"Arial", 9, false, false, false, 0};
 
 }  // namespace
@@ -79,10 +79,12 @@ void EngineWindow::makeTabs() {
   for (int i = 0; i < 5; ++i) {
     const auto n = static_cast<std::size_t>(i);
     if (!app.pageTabVisible[n]) continue;
-    tabs_[n] =
-        ::CreateWindowExW(0, L"BUTTON", toWide(app.payload.application.pageCaptions[n], app.codePage).c_str(),
-                          WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | BS_OWNERDRAW, 0, 0, 10, 10, handle(),
-                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPageTabId + i)), nullptr, nullptr);
+    tabs_[n] = ::CreateWindowExW(
+        0, kTabButtonClass, toWide(app.payload.application.pageCaptions[n], app.codePage).c_str(),
+        WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS, 0, 0, 10, 10, handle(),
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kPageTabId + i)), nullptr, nullptr);
+    ::SendMessageW(tabs_[n], kWidgetSetSurround, 0, kBarColor);
+    ::SendMessageW(tabs_[n], kWidgetSetBackColor, 0, kTabColor);
   }
 }
 
@@ -102,6 +104,7 @@ void EngineWindow::makeParts() {
   boxes_ = std::make_unique<BoxWindows>(host, *layout_);
   page_ = std::make_unique<PageWindow>(host, *layout_, *boxes_, *pictures_);
   panel_ = std::make_unique<RecordPanel>(host);
+  registerWidgets(::GetModuleHandleW(nullptr));
   makeMenu();
   makeTabs();
   view_.open(handle());
@@ -151,8 +154,13 @@ void EngineWindow::arrange() {
     top = px(ToolBar::highUnits());
   }
   int left = px(2);
+  FontSpec letters = kTabFont;
+  letters.charSet = application().charSet;
+  const HFONT font =
+      threadFonts().get(letters, static_cast<int>(std::lround(letters.points * 96 / 72 * scale_)));
   for (const HWND tab : tabs_) {
     if (!tab) continue;
+    ::SendMessageW(tab, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     ::SetWindowPos(tab, nullptr, left, top, px(kTabWide), px(kTabHigh), SWP_NOZORDER | SWP_NOACTIVATE);
     left += px(kTabWide);
   }
@@ -186,22 +194,9 @@ void EngineWindow::rescale(double scale) {
 }
 
 void EngineWindow::showTabs() {
-  for (const HWND tab : tabs_)
-    if (tab) ::InvalidateRect(tab, nullptr, FALSE);
-}
-
-void EngineWindow::drawTab(const DRAWITEMSTRUCT& item) const {
-  const int page = static_cast<int>(item.CtlID) - kPageTabId;
-  if (page < 0 || page >= 5) return;
-  const Application& app = application();
-  TabItem look;
-  look.rect = {0, 0, kTabWide, kTabHigh};
-  look.caption = withoutAccessKey(app.payload.application.pageCaptions[static_cast<std::size_t>(page)]);
-  look.font = kTabFont;
-  look.font.charSet = app.charSet;
-  look.selected = page == session_->currentPage();
-  GdiCanvas canvas(item.hDC, scale_);
-  paintItem(look, canvas);
+  for (int i = 0; i < 5; ++i)
+    if (const HWND tab = tabs_[static_cast<std::size_t>(i)])
+      ::SendMessageW(tab, BM_SETCHECK, i == session_->currentPage() ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
 void EngineWindow::setToolTip(HWND control, const std::string& text) {
@@ -270,9 +265,6 @@ LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
       ::FillRect(reinterpret_cast<HDC>(wide), &area, brush.get());
       return 1;
     }
-    case WM_DRAWITEM:
-      drawTab(*reinterpret_cast<const DRAWITEMSTRUCT*>(param));
-      return TRUE;
     case WM_COMMAND:
       command(LOWORD(wide), HIWORD(wide));
       return 0;

@@ -83,7 +83,6 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   void sizeFrame();
   void showTabs();
   void placePageTips();
-  void drawTab(const DRAWITEMSTRUCT& item) const;
   void updateWindowState();
   // Commands (EngineCommands.cpp).
   void makeMenu();

@@ -4,22 +4,43 @@
 #include <algorithm>
 
 #include "platform/win32/Handles.h"
+#include "widgets/win32/WidgetClasses.h"
 
 namespace plinth {
 namespace {
 
-constexpr int kLine = 24, kWheelLines = 3;
+constexpr int kLine = 24, kWheelLines = 3, kBarStep = 12;
+
+// A bar over `size` pixels of which `room` are seen.
+void setBar(HWND bar, LONG size, LONG room, LONG position) {
+  SCROLLINFO info = {};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  info.nMax = std::max<LONG>(0, size - 1);
+  info.nPage = static_cast<UINT>(std::max<LONG>(0, room));
+  info.nPos = position;
+  ::SendMessageW(bar, SBM_SETSCROLLINFO, TRUE, reinterpret_cast<LPARAM>(&info));
+}
 
 }  // namespace
 
 bool PageView::open(HWND parent) {
   Request request;
   request.className = L"PlinthPageView";
-  request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_HSCROLL | WS_VSCROLL;
+  request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
   request.extended = WS_EX_CONTROLPARENT;
   request.parent = parent;
   request.classStyle = CS_HREDRAW | CS_VREDRAW;
-  return create(request);
+  if (!create(request)) return false;
+  const auto bar = [this](const wchar_t* kind) {
+    const HWND made = ::CreateWindowExW(0, kind, L"", WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 1, 1, handle(),
+                                        nullptr, nullptr, nullptr);
+    ::SendMessageW(made, kScrollSetSmallChange, kBarStep, 0);
+    return made;
+  };
+  down_ = bar(kRealvScrollClass);
+  across_ = bar(kRealhScrollClass);
+  return down_ && across_;
 }
 
 void PageView::setPage(HWND page, SIZE size) {
@@ -38,14 +59,17 @@ void PageView::setColor(COLORREF color) {
   ::InvalidateRect(handle(), nullptr, FALSE);
 }
 
-void PageView::setBar(int bar, int size, int room, LONG position) {
-  SCROLLINFO info = {};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-  info.nMax = std::max(0, size - 1);
-  info.nPage = static_cast<UINT>(std::max(0, room));
-  info.nPos = position;
-  ::SetScrollInfo(handle(), bar, &info, TRUE);
+// The page lies below the bars.
+void PageView::placeBars(SIZE room, bool across, bool down) {
+  room_ = room;
+  setBar(across_, size_.cx, room.cx, at_.x);
+  setBar(down_, size_.cy, room.cy, at_.y);
+  const auto put = [](HWND bar, bool shown, LONG left, LONG top, LONG wide, LONG high) {
+    ::SetWindowPos(bar, HWND_TOP, left, top, wide, high,
+                   SWP_NOACTIVATE | (shown ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+  };
+  put(down_, down, room.cx, 0, ::GetSystemMetrics(SM_CXVSCROLL), room.cy);
+  put(across_, across, 0, room.cy, room.cx, ::GetSystemMetrics(SM_CYHSCROLL));
 }
 
 // A bar takes room from the other direction: so the room is that of a view without bars, less those that must
@@ -63,8 +87,7 @@ void PageView::arrange() {
   const int roomWide = wide - (down ? barWide : 0), roomHigh = high - (across ? barHigh : 0);
   at_.x = std::clamp<LONG>(at_.x, 0, std::max<LONG>(0, size_.cx - roomWide));
   at_.y = std::clamp<LONG>(at_.y, 0, std::max<LONG>(0, size_.cy - roomHigh));
-  setBar(SB_HORZ, size_.cx, across ? roomWide : size_.cx, at_.x);
-  setBar(SB_VERT, size_.cy, down ? roomHigh : size_.cy, at_.y);
+  placeBars({roomWide, roomHigh}, across, down);
   const LONG left = centred_ && roomWide > size_.cx ? (roomWide - size_.cx) / 2 : -at_.x;
   const LONG top = centred_ && roomHigh > size_.cy ? (roomHigh - size_.cy) / 2 : -at_.y;
   ::SetWindowPos(page_, nullptr, left, top, size_.cx, size_.cy, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -79,52 +102,22 @@ void PageView::scrollBy(int right, int down) {
 
 void PageView::reveal(HWND control) {
   if (!page_ || !::IsChild(page_, control)) return;
-  RECT place = {}, room = {};
+  RECT place = {};
   ::GetWindowRect(control, &place);
   ::MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
-  ::GetClientRect(handle(), &room);
   constexpr int kAround = 6;
   const auto step = [](LONG from, LONG to, LONG room) -> int {
     if (from < kAround) return from - kAround;
     return to + kAround > room ? static_cast<int>(std::min(to + kAround - room, from - kAround)) : 0;
   };
-  const int right = step(place.left, place.right, room.right),
-            down = step(place.top, place.bottom, room.bottom);
+  const int right = step(place.left, place.right, room_.cx), down = step(place.top, place.bottom, room_.cy);
   if (right != 0 || down != 0) scrollBy(right, down);
 }
 
-void PageView::scroll(int bar, int code) {
-  SCROLLINFO info = {};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  ::GetScrollInfo(handle(), bar, &info);
-  LONG& position = bar == SB_HORZ ? at_.x : at_.y;
-  switch (code) {
-    case SB_LINEUP:
-      position -= kLine;
-      break;
-    case SB_LINEDOWN:
-      position += kLine;
-      break;
-    case SB_PAGEUP:
-      position -= static_cast<LONG>(info.nPage);
-      break;
-    case SB_PAGEDOWN:
-      position += static_cast<LONG>(info.nPage);
-      break;
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      position = info.nTrackPos;
-      break;
-    case SB_TOP:
-      position = 0;
-      break;
-    case SB_BOTTOM:
-      position = info.nMax;
-      break;
-    default:
-      return;
-  }
+// The bar has moved already; the page follows.
+void PageView::scroll(HWND bar) {
+  if (bar != down_ && bar != across_) return;
+  (bar == down_ ? at_.y : at_.x) = static_cast<LONG>(::SendMessageW(bar, SBM_GETPOS, 0, 0));
   arrange();
 }
 
@@ -133,6 +126,12 @@ void PageView::paint() {
   const HDC dc = ::BeginPaint(handle(), &paint);
   const BrushHandle brush(::CreateSolidBrush(color_));
   ::FillRect(dc, &paint.rcPaint, brush.get());
+  // Between the ends of both bars.
+  RECT corner = {};
+  ::GetClientRect(handle(), &corner);
+  corner.left = room_.cx;
+  corner.top = room_.cy;
+  ::FillRect(dc, &corner, ::GetSysColorBrush(COLOR_BTNFACE));
   ::EndPaint(handle(), &paint);
 }
 
@@ -142,10 +141,8 @@ LRESULT PageView::message(UINT message, WPARAM wide, LPARAM param) {
       arrange();
       return 0;
     case WM_HSCROLL:
-      scroll(SB_HORZ, LOWORD(wide));
-      return 0;
     case WM_VSCROLL:
-      scroll(SB_VERT, LOWORD(wide));
+      if (LOWORD(wide) != SB_ENDSCROLL) scroll(reinterpret_cast<HWND>(param));
       return 0;
     case WM_MOUSEWHEEL:
       scrollBy(0, -GET_WHEEL_DELTA_WPARAM(wide) * kWheelLines * kLine / WHEEL_DELTA);

@@ -24,11 +24,11 @@ class PageView : public Window {
 
  private:
   void arrange();
-  void setBar(int bar, int size, int room, LONG position);
-  void scroll(int bar, int code);
+  void placeBars(SIZE room, bool across, bool down);
+  void scroll(HWND bar);
   void paint();
-  HWND page_ = nullptr;
-  SIZE size_ = {};
+  HWND page_ = nullptr, across_ = nullptr, down_ = nullptr;
+  SIZE size_ = {}, room_ = {};  // of the page; of what the bars leave
   POINT at_ = {};
   bool centred_ = false, arranging_ = false;
   COLORREF color_ = RGB(255, 255, 255);

@@ -13,7 +13,7 @@ namespace plinth {
 bool PageWindow::open(HWND parent) {
   Request request;
   request.className = L"PlinthPage";
-  request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+  request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
   request.extended = WS_EX_CONTROLPARENT;
   request.parent = parent;
   return create(request);

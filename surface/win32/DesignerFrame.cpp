@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/SystemLocale.h"
 #include "platform/win32/Dialogs.h"
 #include "platform/win32/GdiCanvas.h"
 #include "platform/win32/WicPictures.h"
@@ -229,6 +230,7 @@ void DesignerFrame::scaleChanged(const RECT& suggested) {
   toolbox_->scaleChanged();
   strip_->scaleChanged();
   panel_->scaleChanged();
+  if (colors_) colors_->scaleChanged();
   ::SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }

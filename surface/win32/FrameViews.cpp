@@ -1,5 +1,9 @@
 // What the designer tells its main window.
+#include "platform/win32/WindowsApi.h"  // before the parts of Windows that lean on it
+
 #include <commctrl.h>
+
+#include <optional>
 
 #include "basic/CodePage.h"
 #include "platform/win32/Win32Text.h"
@@ -90,6 +94,7 @@ void DesignerFrame::retext() {
   toolbox_->retext(
       [&](int number, const char* english) { return toWide(designer_.text(number, english), page); });
   panel_->retext(label, page, textPage);
+  if (colors_) colors_->retext(label, page);
   strip_->retext(toWide(designer_.text(133, "Edit Menu Label"), page),
                  toWide(designer_.text(134, "Change the menu item name"), page));
 }
@@ -114,14 +119,27 @@ void DesignerFrame::setBusy(bool busy) {
 }
 
 void DesignerFrame::showColorTable() {
-  DesignerController& designer = designer_;
-  if (!colors_)
+  if (!colors_) {
+    const auto position = [this]() -> std::optional<POINT> {
+      constexpr int kNone = -1;
+      const int left = designer_.shell().position("ConfigLeft", kNone);
+      const int top = designer_.shell().position("ConfigTop", kNone);
+      if (left == kNone || top == kNone) return std::nullopt;
+      return POINT{twipsToPixels(static_cast<float>(left)), twipsToPixels(static_cast<float>(top))};
+    };
+    const auto keep = [this](POINT corner) {
+      designer_.shell().keepPosition("ConfigLeft", static_cast<int>(pixelsToTwips(corner.x)));
+      designer_.shell().keepPosition("ConfigTop", static_cast<int>(pixelsToTwips(corner.y)));
+    };
     colors_ = std::make_unique<ColorTableWindow>(
-        window_, designer.surface().colors(),
-        ColorTableEvents{[&designer](std::int32_t color) { designer.surface().useColor(color); },
-                         [&designer] { designer.surface().finished("color table"); }});
-  const int page = designer.languageCodePage();
-  colors_->show(toWide(designer.text(105, "&Color Table"), page));
+        window_, designer_.surface().colors(),
+        ColorTableEvents{[this](std::int32_t color) { designer_.surface().useColor(color); },
+                         [this] { designer_.surface().finished("color table"); }, position, keep});
+    colors_->setColors(systemChrome());
+    retext();
+  }
+  colors_->refresh();
+  colors_->open(designer_.surface().colors().chosen());
 }
 
 void DesignerFrame::focusPanel() {

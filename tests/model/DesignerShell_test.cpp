@@ -141,6 +141,8 @@ TEST_F(Designer, StartsFromAFolderThatCannotBeWritten) {
   files.disk->folders.clear();
   EXPECT_FALSE(shell().start(""));
   EXPECT_EQ(messages.texts().back(), "Could not find '/tmp/PicTemp/' Directory");
+  shell().tick(0);
+  EXPECT_TRUE(shell().mayExit());
 }
 
 TEST_F(Designer, OpensFromCommandLineAndChooserAndRemembers) {

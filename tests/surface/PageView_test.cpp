@@ -24,7 +24,9 @@ class QuietView : public SurfaceView {
   void scrollChanged() override {}
   void pageChanged() override { ++pages; }
   void objectPointedAt(const std::string& name) override { pointed = name; }
+  void invalidateArea(const RectPx& area) override { areas.push_back(area); }
   int paints = 0, pages = 0;
+  std::vector<RectPx> areas;
   std::string pointed;
 };
 
@@ -147,6 +149,27 @@ TEST(PageView, PageSizeComesFromThePaperOrTheUser) {
   EXPECT_EQ(kindsOn(hostile, 0).size(), 2u);
 }
 
+// Keeps what the drawing area hands on.
+class Hand : public PageHand {
+ public:
+  void choosePage(int page) override { chosen = page; }
+  void pressed(const MouseEvent& event, ItemRef hit) override { keep(event, hit); }
+  void moved(const MouseEvent& event, ItemRef hit) override { keep(event, hit); }
+  void released(const MouseEvent& event) override { keep(event, {}); }
+  void pressedTwice(const MouseEvent& event, ItemRef hit) override { keep(event, hit); }
+  void paintOverlay(Canvas& canvas) const override { canvas.ellipse({1, 2, 3, 4}, {}, {}); }
+  int chosen = -1, events = 0;
+  MouseEvent last;
+  ItemRef lastHit;
+
+ private:
+  void keep(const MouseEvent& event, ItemRef hit) {
+    ++events;
+    last = event;
+    lastHit = hit;
+  }
+};
+
 class PageSurfaceTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -161,23 +184,45 @@ class PageSurfaceTest : public testing::Test {
   ProjectDocument document;
   NamedImages images;
   QuietView view;
-  PageSurface surface{document, images, measured, view};
+  DesignState state;
+  Hand hand;
+  PageSurface surface{document, state, images, measured, view, hand};
 };
 
-TEST_F(PageSurfaceTest, TabsAndKeysSwitchPages) {
+TEST_F(PageSurfaceTest, HandsEventsOnInPixelsOfThePage) {
   PointPx second{0, 20};
   while (surface.tabAt(second) != 1 && second.x < 1000) ++second.x;
   surface.mouseDown({.button = 1, .x = second.x, .y = second.y});
-  EXPECT_EQ(surface.currentPage(), 1);
+  EXPECT_EQ(hand.chosen, 1);
+  EXPECT_EQ(hand.events, 0);
+  state.currentPage = 1;
+  surface.objectsChanged();
   EXPECT_TRUE(surface.items().empty());
-  EXPECT_TRUE(surface.keyDown({.key = 33, .shift = kCtrl}));
-  EXPECT_TRUE(surface.keyDown({.key = 33, .shift = kCtrl}));
-  EXPECT_EQ(surface.currentPage(), 4);  // round about
-  surface.showPage(5);
-  EXPECT_EQ(surface.currentPage(), 4);
+  state.currentPage = 0;
+  surface.objectsChanged();
+  const PointPx inside = onPage(60, 45);
+  surface.mouseDown({.button = 1, .x = inside.x, .y = inside.y});
+  EXPECT_EQ(hand.last.x, 60);
+  EXPECT_EQ(hand.last.y, 45);
+  EXPECT_EQ(hand.lastHit, (ItemRef{number(ObjectKind::Field), 1}));
+  surface.mouseUp({.button = 1, .x = 0, .y = 0});
+  EXPECT_EQ(hand.last.x, -surface.sheetOrigin().x);  // a release may lie anywhere
   EXPECT_FALSE(surface.keyDown({.key = 'Q', .shift = 0}));
-  surface.projectChanged();
-  EXPECT_EQ(surface.currentPage(), 0);
+}
+
+TEST_F(PageSurfaceTest, AMoveRepaintsOldAndNewPlaceOnly) {
+  RecordingCanvas canvas;
+  const int paints = view.paints;
+  view.areas.clear();
+  document.fields[1].left += 1500;
+  surface.objectsMoved({{ObjectKind::Field, 1}});
+  EXPECT_EQ(view.paints, paints);
+  ASSERT_EQ(view.areas.size(), 2u);
+  EXPECT_EQ(view.areas[1].left - view.areas[0].left, 100);
+  EXPECT_EQ(boundsOf(surface.items().front().shape).left, 137);
+  state.hidden = {{ObjectKind::Field, 1}};
+  surface.objectsChanged();
+  EXPECT_TRUE(surface.items().empty());
 }
 
 TEST_F(PageSurfaceTest, SmallPagesAreCentredAndLargeOnesScroll) {

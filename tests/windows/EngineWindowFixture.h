@@ -19,6 +19,7 @@
 #include "tests/fakes/FakeMessages.h"
 #include "tests/fakes/FakeShell.h"
 #include "tests/platform/TempFolder.h"
+#include "widgets/win32/WidgetClasses.h"
 
 namespace plinth {
 

@@ -1,49 +1,16 @@
 // The designer's real windows, driven by messages as a person's hands would: main window, menu, dialogs.
-#include "platform/win32/WindowsApi.h"  // before what leans on it
+#include "tests/windows/DesignerWindowFixture.h"
 
-#include <gtest/gtest.h>
-#include <objbase.h>
-
-#include <filesystem>
 #include <functional>
 #include <set>
 #include <vector>
 
-#include "platform/win32/Screenshot.h"
 #include "surface/DesignerDialogs.h"
-#include "surface/win32/DesignerFrame.h"
-#include "surface/win32/DialogHost.h"
-#include "tests/fakes/FakeChooser.h"
-#include "tests/fakes/FakeClock.h"
-#include "tests/fakes/FakeMessages.h"
-#include "tests/fakes/MemorySettings.h"
-#include "tests/platform/TempFolder.h"
 
 namespace plinth {
 namespace {
 
 namespace fs = std::filesystem;
-
-void pump() {
-  MSG message;
-  while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    if (message.message == WM_QUIT) continue;  // the window under test has ended, the tests go on
-    ::TranslateMessage(&message);
-    ::DispatchMessageW(&message);
-  }
-}
-
-std::wstring textOf(HWND window) {
-  std::wstring text(512, L'\0');
-  text.resize(static_cast<std::size_t>(::GetWindowTextW(window, text.data(), 512)));
-  return text;
-}
-
-void shot(HWND window, const std::string& name) {
-  fs::create_directories("screenshots");
-  pump();
-  EXPECT_TRUE(saveScreenshot(window, "screenshots/designer-" + name + ".png"));
-}
 
 // Hands for modal dialogs: as soon as one has come up, each step of the script gets it; what outlives the
 // script is closed, so that no test waits for a person.
@@ -82,60 +49,22 @@ class Hands {
 
 void press(HWND dialog, int id) { ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0); }
 
-class DesignerWindows : public testing::Test {
- protected:
-  void SetUp() override {
-    ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    const fs::path data(PLINTH_TEST_DATA);
-    fs::create_directories(folder / "Languages");
-    fs::create_directories(folder / "Icons");
-    fs::copy(data / "../../Languages/English.txt", folder / "Languages\\English.txt");
-    fs::copy(data / "../../Icons/Default.ico", folder / "Icons\\Default.ico");
-    fs::copy(data / "fixtures/contacts.qvf", folder / "contacts.qvf");
-    ASSERT_TRUE(frame.start("\"" + (folder / "contacts.qvf") + "\"", SW_SHOWNOACTIVATE));
-    pump();
-  }
-  void TearDown() override {
-    if (frame.window()) ::DestroyWindow(frame.window());
-    pump();
-    ::CoUninitialize();
-  }
-  void command(int id) { ::SendMessageW(frame.window(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
-  void command(Command id) { command(static_cast<int>(id)); }
-  HWND area() const { return ::GetDlgItem(frame.window(), DesignerFrame::kPageAreaId); }
-  std::string status(int part) const {
-    wchar_t text[512] = {};
-    ::SendMessageW(::GetDlgItem(frame.window(), DesignerFrame::kStatusId), WM_USER + 13 /* SB_GETTEXTW */,
-                   static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text));
-    return fs::path(text).string();
-  }
-
-  TempFolder folder;
-  FakeMessages messages;
-  FakeChooser chooser;
-  MemorySettings settings;
-  FakeClock clock;
-  HWND owner = nullptr;
-  DialogHost dialogs{[this] { return owner; }};
-  Bytes stub = Bytes(5000, 7), icon = Bytes(766, 1);
-  DesignerFrame frame{
-      {systemFiles(), messages, chooser, settings, clock, dialogs, folder / "", true, stub, icon, "2.0"}};
-};
+class DesignerWindows : public DesignerWindowFixture {};
 
 TEST_F(DesignerWindows, ShowsThePagesOfTheProject) {
   ASSERT_TRUE(messages.shown.empty()) << messages.shown[0].text;
   EXPECT_NE(textOf(frame.window()).find(L"contacts.qvf"), std::wstring::npos);
-  EXPECT_NE(status(1).find("640 x 480"), std::string::npos);
+  EXPECT_NE(status(2).find("640 x 480"), std::string::npos);
   shot(frame.window(), "page-1");
   const Pixels first = windowPixels(area());
   // Paper, ground, title bar of the form, frames, letters: a page that did not paint has far fewer colours.
   EXPECT_GT(std::set<std::uint32_t>(first.argb.begin(), first.argb.end()).size(), 20u);
   ::SendMessageW(area(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(110, 20));  // the second tab
-  EXPECT_EQ(frame.designer().surface().currentPage(), 1);
+  EXPECT_EQ(frame.designer().surface().state().currentPage, 1);
   shot(frame.window(), "page-2");
   EXPECT_TRUE(windowPixels(area()).argb != first.argb);
   command(static_cast<int>(Command::page));
-  EXPECT_EQ(frame.designer().surface().currentPage(), 0);
+  EXPECT_EQ(frame.designer().surface().state().currentPage, 0);
   pump();
   EXPECT_TRUE(windowPixels(area()).argb == first.argb);
 }
@@ -143,15 +72,18 @@ TEST_F(DesignerWindows, ShowsThePagesOfTheProject) {
 TEST_F(DesignerWindows, ScrollBarsFollowTheWindow) {
   ::SetWindowPos(frame.window(), nullptr, 0, 0, 420, 340, SWP_NOMOVE | SWP_NOZORDER);
   pump();
-  SCROLLINFO info = {};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  ASSERT_TRUE(::GetScrollInfo(area(), SB_VERT, &info));
-  EXPECT_GT(info.nMax, static_cast<int>(info.nPage));
-  ::SendMessageW(area(), WM_VSCROLL, SB_BOTTOM, 0);
-  EXPECT_EQ(frame.designer().surface().vertical().value, frame.designer().surface().vertical().most());
+  const HWND bar = ::GetDlgItem(area(), PageArea::kVerticalId);
+  const ScrollAxis& axis = frame.designer().surface().page().vertical();
+  EXPECT_TRUE(::IsWindowVisible(bar));
+  ::SendMessageW(bar, WM_KEYDOWN, VK_END, 0);
+  ::SendMessageW(bar, WM_KEYUP, VK_END, 0);
+  EXPECT_GT(axis.most(), 0);
+  ::SendMessageW(bar, SBM_SETPOS, static_cast<WPARAM>(axis.most()), TRUE);
+  ::SendMessageW(area(), WM_VSCROLL, SB_THUMBTRACK, reinterpret_cast<LPARAM>(bar));
+  EXPECT_EQ(axis.value, axis.most());
   ::SendMessageW(area(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA * 100), 0);
-  EXPECT_EQ(frame.designer().surface().vertical().value, 0);
+  EXPECT_EQ(axis.value, 0);
+  EXPECT_EQ(::SendMessageW(bar, SBM_GETPOS, 0, 0), 0);
 }
 
 TEST_F(DesignerWindows, NewOpenSaveAndRecentFilesThroughTheMenu) {

@@ -17,13 +17,50 @@ TEST_F(EngineWindows, AsksForItsDataFileAndBeginsInTheFirstBox) {
   EXPECT_EQ(shown(kRecordBoxId), "1");
   EXPECT_EQ(fieldShown(kDue), "3/15/2023");
   // The window holds the whole page.
-  SCROLLBARINFO bar = {};
-  bar.cbSize = sizeof bar;
   const HWND view = ::FindWindowExW(window->handle(), nullptr, L"PlinthPageView", nullptr);
-  for (const LONG which : {OBJID_HSCROLL, OBJID_VSCROLL}) {
-    ASSERT_TRUE(::GetScrollBarInfo(view, which, &bar));
-    EXPECT_NE(bar.rgstate[0] & (STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_OFFSCREEN), 0u);
+  for (const wchar_t* kind : {kRealhScrollClass, kRealvScrollClass}) {
+    const HWND bar = ::FindWindowExW(view, nullptr, kind, nullptr);
+    ASSERT_NE(bar, nullptr);
+    EXPECT_FALSE(::IsWindowVisible(bar));
   }
+}
+
+TEST_F(EngineWindows, ScrollsThePageThatIsLargerThanItsWindow) {
+  ::SetWindowPos(window->handle(), nullptr, 0, 0, 320, 280, SWP_NOMOVE | SWP_NOZORDER);
+  pump();
+  const HWND page = ::GetParent(control(kFieldId + kName)), view = ::GetParent(page);
+  const auto at = [&] {
+    POINT corner = {};
+    ::MapWindowPoints(page, view, &corner, 1);
+    return corner;
+  };
+  RECT room = {}, whole = {};
+  ::GetClientRect(view, &room);
+  ::GetClientRect(page, &whole);
+  const HWND focus = ::GetFocus();
+  for (const bool upright : {true, false}) {
+    const HWND bar = ::FindWindowExW(view, nullptr, upright ? kRealvScrollClass : kRealhScrollClass, nullptr);
+    ASSERT_TRUE(::IsWindowVisible(bar));
+    RECT place = {};
+    ::GetClientRect(bar, &place);
+    const LPARAM end = upright ? MAKELPARAM(4, place.bottom - 4) : MAKELPARAM(place.right - 4, 4);
+    ::SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, end);
+    ::SendMessageW(bar, WM_LBUTTONUP, 0, end);
+    EXPECT_LT(upright ? at().y : at().x, 0);
+    // By the thumb to the very end, where the last of the page stands at the bar.
+    const auto thumb = static_cast<short>(::SendMessageW(bar, kScrollGetThumbPos, 0, 0) + 2);
+    const auto point = [&](short along) { return upright ? MAKELPARAM(4, along) : MAKELPARAM(along, 4); };
+    ::SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point(thumb));
+    ::SendMessageW(bar, WM_MOUSEMOVE, MK_LBUTTON, point(2000));
+    ::SendMessageW(bar, WM_LBUTTONUP, 0, point(2000));
+    RECT other = {};
+    ::GetClientRect(::FindWindowExW(view, nullptr, upright ? kRealhScrollClass : kRealvScrollClass, nullptr),
+                    &other);
+    EXPECT_EQ(upright ? at().y + whole.bottom : at().x + whole.right,
+              upright ? room.bottom - other.bottom : room.right - other.right);
+  }
+  EXPECT_EQ(::GetFocus(), focus);
+  shot("scrolled");
 }
 
 TEST_F(EngineWindows, KeepsTypedRecordsThroughMovesAndARestart) {

@@ -196,7 +196,7 @@ class TabButtonWindow : public ClickWidget {
   void paint(Canvas& canvas, SizePx size) override {
     // The light of the button face is what a chosen tab is filled with.
     const auto chosen = static_cast<std::int32_t>(gdiColor(selectedBack_));
-    paintTabButton(canvas, size, {text(), font(), checked(), chosen}, colors(), clickState());
+    paintTabButton(canvas, size, {text(), font_, checked(), chosen}, colors(), clickState());
   }
 
  private:

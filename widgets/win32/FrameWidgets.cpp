@@ -43,7 +43,7 @@ class MyFrameWindow : public WidgetWindow {
   void paint(Canvas& canvas, SizePx size) override {
     const ControlColors now = colors();
     const std::int32_t fill = filled_ ? static_cast<std::int32_t>(gdiColor(fill_)) : now.surround;
-    paintMyFrame(canvas, size, {border_, fill, text(), font()}, now, state());
+    paintMyFrame(canvas, size, {border_, fill, text(), font_}, now, state());
   }
 
  private:

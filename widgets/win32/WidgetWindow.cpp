@@ -28,24 +28,25 @@ ControlState WidgetWindow::state() const {
   return {::IsWindowEnabled(window_) != FALSE, ::GetFocus() == window_, false};
 }
 
-FontSpec WidgetWindow::font() const {
+// As it looks, not its handle: that may be gone when the widget is painted.
+void WidgetWindow::setFont(HFONT font) {
+  fontHandle_ = font;
   LOGFONTW set = {};
-  if (!fontHandle_ || ::GetObjectW(fontHandle_, sizeof set, &set) == 0) return font_;
-  FontSpec spec;
+  if (!font || ::GetObjectW(font, sizeof set, &set) == 0) return;
+  FontSpec& spec = font_;
   spec.charSet = set.lfCharSet;
   spec.name = fromWide(set.lfFaceName, codePageOfCharSet(spec.charSet));
   spec.points = static_cast<float>(std::abs(set.lfHeight)) * 72 / 96;
   spec.bold = set.lfWeight >= FW_SEMIBOLD;
   spec.italic = set.lfItalic != 0;
   spec.underline = set.lfUnderline != 0;
-  return spec;
 }
 
 std::string WidgetWindow::text() const {
   std::wstring wide(static_cast<std::size_t>(::GetWindowTextLengthW(window_)) + 1, L'\0');
   wide.resize(
       static_cast<std::size_t>(::GetWindowTextW(window_, wide.data(), static_cast<int>(wide.size()))));
-  return fromWide(wide, codePageOfCharSet(font().charSet));
+  return fromWide(wide, codePageOfCharSet(font_.charSet));
 }
 
 void WidgetWindow::tell(WORD notice) const {
@@ -93,7 +94,7 @@ LRESULT WidgetWindow::message(UINT message, WPARAM wide, LPARAM param) {
       return done;
     }
     case WM_SETFONT:
-      fontHandle_ = reinterpret_cast<HFONT>(wide);
+      setFont(reinterpret_cast<HFONT>(wide));
       repaint();
       return 0;
     case WM_GETFONT:

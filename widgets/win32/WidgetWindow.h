@@ -35,8 +35,6 @@ class WidgetWindow {
   // Colours as they are on this system, whatever was set.
   ControlColors colors() const;
   ControlState state() const;
-  // The font that was set, in the pixels of the window; else `font_`.
-  FontSpec font() const;
   std::string text() const;  // in the code page of the font
   // WM_COMMAND to the parent.
   void tell(WORD notice) const;
@@ -50,12 +48,13 @@ class WidgetWindow {
 
   ControlColors colors_{systemColor(COLOR_BTNFACE), systemColor(COLOR_WINDOW), systemColor(COLOR_WINDOWTEXT),
                         systemColor(COLOR_HIGHLIGHT)};
-  FontSpec font_{"Arial", 8, false, false, false, 0};
-  HFONT fontHandle_ = nullptr;
+  FontSpec font_{"Arial", 8, false, false, false, 0};  // until one is set; points of the window's pixels
 
  private:
   friend class WidgetProcedure;
   HWND window_;
+  void setFont(HFONT font);
+  HFONT fontHandle_ = nullptr;
   HCURSOR pointer_ = nullptr;
   int depth_ = 0;  // messages being handled: a parent may destroy the widget that tells it something
   bool gone_ = false;
