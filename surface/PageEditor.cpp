@@ -35,7 +35,10 @@ std::function<void()> restorer(ProjectDocument& document, ObjectRef object) {
 }  // namespace
 
 void PageEditor::mouseDown(const MouseEvent& event, ItemRef hit) {
-  if (hold_ != Hold::nothing) return;  // another button during a gesture
+  if (hold_ != Hold::nothing) {
+    if (event.button != kLeft) return;
+    release(c_.state.cur);  // the release went to another window
+  }
   const PointPx point{event.x, event.y};
   c_.state.cur = point;
   setHoverLabel(-1);
@@ -117,13 +120,13 @@ std::optional<ObjectRef> PageEditor::carriedObject() const {
 }
 
 void PageEditor::mouseMove(const MouseEvent& event, ItemRef hit) {
-  const bool left = (event.button & kLeft) != 0;
+  const bool held = (event.button & kLeft) != 0 && !area_.active();
+  if (hold_ != Hold::nothing && !held) release(c_.state.cur);
   if (area_.active()) {
     if (!c_.state.locked) area_.mouseMove(event);
     return;
   }
   const PointPx point{event.x, event.y};
-  if (hold_ != Hold::nothing && !left) release(point);  // the release went to another window
   if (c_.state.locked) {
     setHoverLabel(-1);
     return setPointer(PointerShape::standard);
@@ -137,7 +140,10 @@ void PageEditor::mouseMove(const MouseEvent& event, ItemRef hit) {
   const bool overLine =
       hit.kind == static_cast<int>(ObjectKind::Line) && *carried != ObjectRef{ObjectKind::Line, hit.index};
   setPointer(overLine ? PointerShape::upArrow : PointerShape::standard);
-  follow(*carried, point, hold_ == Hold::carried);
+  if (hold_ == Hold::carried)
+    drag(point);
+  else
+    follow(*carried, point, false);
 }
 
 // Brings the carried object to the pointer, or sizes it.
@@ -149,9 +155,9 @@ void PageEditor::follow(ObjectRef object, PointPx point, bool held) {
 }
 
 void PageEditor::drag(PointPx point) {
-  if (hold_ == Hold::carried) return follow(held_, point, true);
-  if (!dragged_ && same(point, c_.state.press)) return;
+  if (!dragged_ && same(point, c_.state.press)) return;  // systems report moves that are none
   dragged_ = true;
+  if (hold_ == Hold::carried) return follow(held_, point, true);
   const PointPx to = point - grip_;
   if (hold_ == Hold::body)
     moveTo(c_.document, held_, to);
@@ -168,11 +174,10 @@ void PageEditor::moved(ObjectRef object) {
 }
 
 void PageEditor::mouseUp(const MouseEvent& event) {
-  if (area_.active()) {
-    if (!c_.state.locked) area_.mouseUp(event);
-  } else if (event.button == kLeft && hold_ != Hold::nothing) {
+  if (event.button == kLeft && hold_ != Hold::nothing)
     release({event.x, event.y});
-  }
+  else if (area_.active() && !c_.state.locked)
+    area_.mouseUp(event);
 }
 
 void PageEditor::release(PointPx point) {
