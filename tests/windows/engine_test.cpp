@@ -213,6 +213,25 @@ TEST_F(EngineWindows, TabVisitsBoxesInTheirOrderAndComesRound) {
   EXPECT_EQ(::GetFocus(), control(kFieldId + kName));
 }
 
+TEST_F(EngineWindows, ACombosListIsOpenedAndChosenFromByKeys) {
+  const HWND combo = control(kComboId + 1);
+  ::SetFocus(combo);
+  press(VK_F4);
+  EXPECT_TRUE(::SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
+  press(VK_DOWN);
+  press(VK_DOWN);
+  press(VK_RETURN);
+  EXPECT_FALSE(::SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
+  EXPECT_EQ(shown(kComboId + 1), "Net");
+  EXPECT_EQ(session->form().combos[1].text, "Net");
+  // A wheel over it scrolls the page and leaves the record alone.
+  ::SendMessageW(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+  EXPECT_EQ(session->form().combos[1].text, "Net");
+  for (const wchar_t ch : std::wstring(L"xy")) ::SendMessageW(::GetFocus(), WM_CHAR, ch, 0);
+  EXPECT_EQ(session->form().combos[1].text, shown(kComboId + 1));
+  EXPECT_NE(shown(kComboId + 1).find("xy"), std::string::npos);
+}
+
 TEST_F(EngineWindows, RefusesWhatARecordCannotHold) {
   typeField(kName, L"\u0416\u4E2D");  // no letters of this application's character set
   EXPECT_EQ(fieldShown(kName), "");

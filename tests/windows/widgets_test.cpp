@@ -307,6 +307,18 @@ TEST_F(Widgets, ABandGoesWhereItsParentLetsIt) {
   EXPECT_EQ(place(), (std::vector<LONG>{95, 103, 195, 153}));
   key(VK_RIGHT);
   EXPECT_EQ(place(), (std::vector<LONG>{96, 103, 196, 153}));
+  // The page shows through, and nothing is left where the band was.
+  const auto inked = [&] {
+    ::RedrawWindow(parent_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    const Pixels seen = windowPixels(band);
+    EXPECT_EQ(seen.argb[seen.argb.size() / 4 + 20] & 0xFFFFFF, ::GetSysColor(COLOR_BTNFACE));
+    const Pixels all = windowPixels(parent_);
+    return std::count(all.argb.begin(), all.argb.end(), 0xFF000000u);
+  };
+  const auto before = inked();
+  EXPECT_GT(before, 100);
+  ::SetWindowPos(band, nullptr, 20, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOCOPYBITS);
+  EXPECT_EQ(inked(), before);
 }
 
 // One of each kind and state, light on the left, dark on the right.

@@ -181,7 +181,10 @@ class TabButtonWindow : public ClickWidget {
  protected:
   LRESULT message(UINT message, WPARAM wide, LPARAM param) override {
     // To assistive programs the tabs are choices of which one holds.
-    if (message == WM_CREATE) setStyle(kButtonKind, BS_RADIOBUTTON);
+    if (message == WM_CREATE) {
+      setStyle(kButtonKind, BS_RADIOBUTTON);
+      if (!reinterpret_cast<const CREATESTRUCTW*>(param)->lpszName) ::SetWindowTextW(window(), L"Page 1");
+    }
     if (message == WM_KEYDOWN && wide == VK_RETURN) {
       clicked();
       return 0;

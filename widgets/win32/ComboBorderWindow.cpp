@@ -80,6 +80,7 @@ class ComboBorderWindow : public WidgetWindow {
   TextCase textCase_ = TextCase::plain;
   bool locked_ = false, focused_ = false, fitting_ = false;
   BrushHandle brush_;
+  FontHandle ownFont_;
 };
 
 COMBOBOXINFO ComboBorderWindow::info() const {
@@ -106,7 +107,15 @@ bool ComboBorderWindow::create(const CREATESTRUCTW& request) {
   ::SetWindowSubclass(inner_, innerProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
   if (edit_) ::SetWindowSubclass(edit_, editProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
   ::EnableWindow(inner_, !(request.style & WS_DISABLED));
-  ::SendMessageW(inner_, WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+  // Until the parent sets one. No face is called so: the system takes the one that it thinks nearest.
+  constexpr const wchar_t* kFontName = L"Arail";
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof metrics;
+  ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  LOGFONTW face = metrics.lfMessageFont;
+  ::lstrcpynW(face.lfFaceName, kFontName, LF_FACESIZE);
+  ownFont_ = FontHandle(::CreateFontIndirectW(&face));
+  ::SendMessageW(inner_, WM_SETFONT, reinterpret_cast<WPARAM>(ownFont_.get()), FALSE);
   fit();
   return true;
 }

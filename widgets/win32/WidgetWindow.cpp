@@ -100,8 +100,10 @@ LRESULT WidgetWindow::message(UINT message, WPARAM wide, LPARAM param) {
     case WM_GETFONT:
       return reinterpret_cast<LRESULT>(fontHandle_);
     case WM_SETCURSOR: {
-      const HCURSOR pointer = pointer_ ? pointer_ : ownPointer();
-      if (!pointer || LOWORD(param) != HTCLIENT || reinterpret_cast<HWND>(wide) != window_) break;
+      // One that was set holds for windows inside the widget as well.
+      const bool here = reinterpret_cast<HWND>(wide) == window_;
+      const HCURSOR pointer = pointer_ || !here ? pointer_ : ownPointer();
+      if (!pointer || LOWORD(param) != HTCLIENT) break;
       ::SetCursor(pointer);
       return TRUE;
     }
