@@ -62,13 +62,13 @@ constexpr Row kRows[] = {
 
 class Placer {
  public:
-  Placer(const std::vector<PanelControl>& controls, bool hasIcon, int width, const PanelMeasure& measure)
-      : controls_(controls), hasIcon_(hasIcon), width_(width), measure_(measure) {}
+  Placer(const std::vector<PanelControl>& controls, int width, const PanelMeasure& measure)
+      : controls_(controls), width_(width), measure_(measure) {}
 
   PanelLayout run() {
     y_ = kPanelMargin;
     for (int group = 0; group < kPanelGroups; ++group) placeGroup(static_cast<PanelGroup>(group));
-    layout_.height = layout_.headings.empty() ? 0 : y_ - kGroupGap + kPanelMargin;
+    layout_.height = y_ - kGroupGap + kPanelMargin;
     return std::move(layout_);
   }
 
@@ -95,7 +95,7 @@ class Placer {
       if (row.group == group)
         for (const Cell& cell : shownCells(row)) captions_ = std::max(captions_, captionWidth(cell));
     right_ = width_ - kPanelMargin - (group == PanelGroup::place ? kPad + kPanelGap : 0);
-    if (group == PanelGroup::selected && hasIcon_) placeIcon();
+    if (group == PanelGroup::selected) placeIcon();
     for (const Row& row : kRows)
       if (row.group == group) placeRow(shownCells(row));
     if (y_ == first) {
@@ -168,7 +168,7 @@ class Placer {
 
   void placeBoxes(const std::vector<Cell>& cells) {
     int x = kPanelMargin, right = right_;
-    if (cells.front().id == PanelId::selItem && hasIcon_) x += kIcon + kPanelGap;
+    if (cells.front().id == PanelId::selItem) x += kIcon + kPanelGap;
     int boxes = 0;
     for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell) {
       boxes += cell->kind == CellKind::box;
@@ -192,7 +192,6 @@ class Placer {
   }
 
   const std::vector<PanelControl>& controls_;
-  bool hasIcon_;
   int width_, y_ = 0, captions_ = 0, right_ = 0;
   const PanelMeasure& measure_;
   PanelLayout layout_;
@@ -200,9 +199,8 @@ class Placer {
 
 }  // namespace
 
-PanelLayout layoutPanel(const std::vector<PanelControl>& controls, bool hasIcon, int width,
-                        const PanelMeasure& measure) {
-  return Placer(controls, hasIcon, width, measure).run();
+PanelLayout layoutPanel(const std::vector<PanelControl>& controls, int width, const PanelMeasure& measure) {
+  return Placer(controls, width, measure).run();
 }
 
 const std::vector<PanelId>& panelOrder() {

@@ -28,7 +28,7 @@ struct PanelHeading {
 struct PanelLayout {
   // Of controls that do not show, or have no caption, the rectangles are empty.
   std::array<RectPx, kPanelControls> control{}, caption{};
-  RectPx icon;          // picture of the tool
+  RectPx icon;          // picture of the tool; always there, so that the rest does not jump
   RectPx pad;           // direction pad
   RectPx borderNumber;  // read-out of the border style
   std::vector<PanelHeading> headings;
@@ -38,9 +38,8 @@ struct PanelLayout {
 
 inline constexpr int kPanelMargin = 12, kPanelGap = 8, kPanelRow = 24;
 
-// hasIcon: a picture of what is selected stands before Selitem, or alone. width: of the panel, 160 or more.
-PanelLayout layoutPanel(const std::vector<PanelControl>& controls, bool hasIcon, int width,
-                        const PanelMeasure& measure);
+// width: of the panel, 160 or more.
+PanelLayout layoutPanel(const std::vector<PanelControl>& controls, int width, const PanelMeasure& measure);
 
 // The controls in the order in which they stand, group by group: that of the Tab key.
 const std::vector<PanelId>& panelOrder();

@@ -50,10 +50,12 @@ bool paintsByItself(UINT message) {
 
 }  // namespace
 
+// In one stroke: a fill of its own under the outline would show at the corners.
 void paintBox(HDC dc, const RECT& rect, std::int32_t fill, std::int32_t edge, int edgeWidth, int radius) {
-  GdiCanvas(dc).box({static_cast<int>(rect.left), static_cast<int>(rect.top),
-                     static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)},
-                    {LineStyle::solid, edgeWidth, edge}, {FillStyle::solid, fill, false, 0}, radius);
+  const PenHandle pen(::CreatePen(PS_INSIDEFRAME, edgeWidth, gdiColor(edge)));
+  const BrushHandle brush(::CreateSolidBrush(gdiColor(fill)));
+  const Selected outline(dc, pen.get()), inside(dc, brush.get());
+  ::RoundRect(dc, rect.left, rect.top, rect.right, rect.bottom, 2 * radius, 2 * radius);
 }
 
 void paintText(HDC dc, RECT rect, const wchar_t* text, HFONT font, std::int32_t ink, UINT flags) {

@@ -16,7 +16,7 @@ namespace plinth {
 
 namespace {
 
-constexpr int kMostBorder = 5, kListHeight = 300;
+constexpr int kMostBorder = 5;
 constexpr int kFontSizes[] = {8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36, 48, 72};
 
 int CALLBACK addFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
@@ -191,8 +191,7 @@ FlatButton::Glyph PanelWindow::glyph(PanelId id) const {
 void PanelWindow::makeCombo(const PanelControl& control, DWORD style) {
   Part& made = part(control.id);
   const int id = kFirstControl + static_cast<int>(control.id);
-  made.window =
-      makeChild(kComboBorderClass, CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL | WS_TABSTOP | style, id);
+  made.window = makeChild(kComboBorderClass, CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_TABSTOP | style, id);
   const auto add = [&](const std::wstring& text) {
     ::SendMessageW(made.window, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
   };
@@ -214,7 +213,12 @@ void PanelWindow::setFonts() {
   for (const Part& each : parts_) {
     set(each.window);
     set(each.caption);
+    // The box around a line has the margin.
+    if (each.window && !each.button)
+      ::SendMessageW(each.window, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   }
+  ::SendMessageW(part(PanelId::selItem).window, WM_SETFONT, reinterpret_cast<WPARAM>(chrome_.heading.get()),
+                 TRUE);
   set(borderNumber_);
   set(tips_);
 }

@@ -37,16 +37,16 @@ int brightness(std::int32_t color) {
   return ((color & 0xFF) * 3 + (color >> 8 & 0xFF) * 6 + (color >> 16 & 0xFF)) / 10;
 }
 
-// A ground on which letters of a colour can be read.
+// A ground on which letters of a colour can be read; the panel's own, if that will do.
 std::int32_t groundFor(std::int32_t ink, const ChromeColors& colors) {
   constexpr int kReadable = 70;
-  if (std::abs(brightness(ink) - brightness(colors.box)) >= kReadable) return colors.box;
+  if (std::abs(brightness(ink) - brightness(colors.ground)) >= kReadable) return colors.ground;
   return brightness(ink) > 128 ? 0x303030 : 0xFFFFFF;
 }
 
 // Black is what objects have without anyone's choice: it follows the designer's own letters.
 std::int32_t itemInk(std::int32_t color, const ChromeColors& colors) {
-  return color == 0 ? colors.boxInk : color;
+  return color == 0 ? colors.ink : color;
 }
 
 }  // namespace
@@ -80,8 +80,7 @@ void PanelWindow::show(const PropertyPanel& panel) {
       if (focusedChild() == each.window) events_.focusPage();
     }
   }
-  bool moved = first || icon_ != panel.icon();
-  icon_ = panel.icon();
+  bool moved = first;
   for (const PanelControl& control : panel.controls()) {
     moved = moved || part(control.id).shown != control.shown;
     showControl(control);
@@ -93,6 +92,8 @@ void PanelWindow::show(const PropertyPanel& panel) {
   const bool placed = part(PanelId::left).enabled;
   if (placed != static_cast<bool>(::IsWindowEnabled(pad_->window()))) ::EnableWindow(pad_->window(), placed);
   if (moved) layout();
+  if (!moved && icon_ != panel.icon()) ::InvalidateRect(window_, nullptr, FALSE);
+  icon_ = panel.icon();
 }
 
 void PanelWindow::showPlaces(const PropertyPanel& panel) {
@@ -242,9 +243,8 @@ void PanelWindow::layout() {
     const int high = FlatButton::checkHeight(window_, text, chrome_.px(width), chrome_);
     return static_cast<int>(std::ceil(high / chrome_.scale));
   };
-  const bool any = std::any_of(parts_.begin(), parts_.end(), [](const Part& each) { return each.shown; });
   const int width = std::max(160, static_cast<int>(client.right / chrome_.scale));
-  layout_ = layoutPanel(panel_->controls(), any, width, {widthOf, heightOf});
+  layout_ = layoutPanel(panel_->controls(), width, {widthOf, heightOf});
   const int most = std::max(0, chrome_.px(layout_.height) - static_cast<int>(client.bottom));
   scroll_ = std::clamp(scroll_, 0, most);
   arrange();
@@ -326,13 +326,15 @@ void PanelWindow::paint() {
   for (const PanelControl& control : panel_->controls()) {
     const Part& each = parts_[static_cast<std::size_t>(control.id)];
     if (each.box.right <= each.box.left) continue;
-    const bool item = control.input == PanelInput::label, focused = ::GetFocus() == each.window;
-    if (item && each.text.empty()) continue;
-    const std::int32_t fill = item           ? groundFor(itemInk(each.color, colors), colors)
-                              : each.enabled ? colors.box
-                                             : colors.ground;
-    paintBox(dc, each.box, fill, focused ? colors.accent : colors.edge, chrome_.px(focused ? 2 : 1),
-             chrome_.px(kRadius));
+    if (control.input == PanelInput::label) {
+      if (each.text.empty()) continue;
+      const std::int32_t plate = groundFor(itemInk(each.color, colors), colors);
+      paintBox(dc, each.box, plate, plate, 1, chrome_.px(kRadius));
+      continue;
+    }
+    const bool focused = ::GetFocus() == each.window;
+    paintBox(dc, each.box, each.enabled ? colors.box : colors.ground, focused ? colors.accent : colors.edge,
+             chrome_.px(focused ? 2 : 1), chrome_.px(kRadius));
   }
   // How much of the panel is on view.
   const int all = chrome_.px(layout_.height), wide = chrome_.px(3), gap = chrome_.px(2);
@@ -359,15 +361,18 @@ void PanelWindow::paintHeading(HDC dc, const PanelHeading& heading) const {
 
 void PanelWindow::paintIcon(HDC dc) const {
   const RectPx& place = layout_.icon;
-  if (place.width == 0) return;
   constexpr int kInset = 2;
+  const bool any = std::any_of(parts_.begin(), parts_.end(), [](const Part& each) { return each.enabled; });
   GdiCanvas canvas(dc, chrome_.scale, {0, -scroll_});
   const RectPx square{place.left + kInset, place.top + kInset, place.width - 2 * kInset,
                       place.height - 2 * kInset};
-  if (icon_)
-    paintToolIcon(canvas, square, *icon_, chrome_.colors.ink);
-  else
-    paintToolIcon(canvas, square, ActionIcon::selectArea, chrome_.colors.ink);
+  if (icon_) return paintToolIcon(canvas, square, *icon_, chrome_.colors.ink);
+  paintToolIcon(canvas, square, ActionIcon::selectArea, chrome_.colors.ink, any);
+  RECT beside = device(place);
+  beside.left = beside.right + chrome_.px(kPanelGap);
+  beside.right = chrome_.px(kWidth - kPanelMargin);
+  paintText(dc, beside, labelText({0, any ? "Several objects" : "Nothing is selected"}).c_str(),
+            chrome_.font.get(), chrome_.colors.quiet, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
 }
 
 LRESULT PanelWindow::colorOf(UINT message, HDC dc, HWND control) {
