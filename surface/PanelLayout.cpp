@@ -153,7 +153,7 @@ class Placer {
     int x = kPanelMargin;
     for (const Cell& cell : cells) {
       controlOf(cell.id) = {x, y_, wide, kPanelRow};
-      captionOf(cell.id) = {x, y_ + kPanelRow + 2, wide, kSwatchCaption};
+      captionOf(cell.id) = {x - kPanelGap / 2, y_ + kPanelRow + 2, wide + kPanelGap, kSwatchCaption};
       x += wide + kPanelGap;
     }
     y_ += kPanelRow + 2 + kSwatchCaption + kPanelGap;

@@ -227,6 +227,8 @@ void ColorTableWindow::layout() {
   const auto px = [this](int pixels) { return chrome_.px(pixels); };
   for (const HWND window : {caption_, digits_, use_->window(), more_->window()})
     ::SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(chrome_.font.get()), TRUE);
+  // The box around the line has the margin.
+  ::SendMessageW(digits_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   const int cells = px(kCell) * kColumns, left = px(kMargin), right = left + cells;
   const int top = px(kMargin) + px(kCell) * kRows + px(kGap), bottom = top + px(kRow);
   ::MoveWindow(swatches_->window(), left, px(kMargin), cells, px(kCell) * kRows, TRUE);
@@ -304,6 +306,13 @@ LRESULT ColorTableWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
       hide();
       return 0;
+    case 0x02E0: {  // WM_DPICHANGED
+      const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
+      ::SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+      scaleChanged();
+      return 0;
+    }
     case WM_SETFOCUS:
       ::SetFocus(swatches_->window());
       return 0;

@@ -369,7 +369,7 @@ void PanelWindow::paintIcon(HDC dc) const {
   if (icon_) return paintToolIcon(canvas, square, *icon_, chrome_.colors.ink);
   paintToolIcon(canvas, square, ActionIcon::selectArea, chrome_.colors.ink, any);
   RECT beside = device(place);
-  beside.left = beside.right + chrome_.px(kPanelGap);
+  beside.left = beside.right + chrome_.px(kPanelGap + kTextInset);
   beside.right = chrome_.px(kWidth - kPanelMargin);
   paintText(dc, beside, labelText({0, any ? "Several objects" : "Nothing is selected"}).c_str(),
             chrome_.font.get(), chrome_.colors.quiet, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);

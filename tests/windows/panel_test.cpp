@@ -38,6 +38,9 @@ void shot(HWND window, const std::string& name) {
   EXPECT_TRUE(saveScreenshot(window, "screenshots/panel-" + name + ".png"));
 }
 
+// Pixels at 96 dpi in those of the screen at hand.
+int px(int pixels) { return static_cast<int>(pixels * windowScale(nullptr) + 0.5); }
+
 RECT placeOn(HWND parent, HWND child) {
   RECT at;
   ::GetWindowRect(child, &at);
@@ -94,7 +97,7 @@ class PanelWindows : public testing::Test {
     for (const KindInfo& info : kindInfos()) objects.push_back(design.add(info.kind, {20, 30, 120, 60}));
     design.document.fields.back().tag = "Name";
     design.settle();
-    ::MoveWindow(window.window(), 0, 0, window.width(), kHigh, TRUE);
+    ::MoveWindow(window.window(), 0, 0, window.width(), px(kHigh), TRUE);
   }
   void pick(ObjectKind kind) {
     select(design.state, objects[static_cast<std::size_t>(kind)]);
@@ -139,7 +142,7 @@ class PanelWindows : public testing::Test {
   DesignFixture design;
   std::vector<ObjectRef> objects;  // one of each kind
   PropertyPanel panel{design.context};
-  Owner owner{{PanelWindow::kWidth, kHigh}};
+  Owner owner{{px(PanelWindow::kWidth), px(kHigh)}};
   Written written;
   std::vector<PanelId> opened;
   std::vector<Step> moves;
@@ -161,7 +164,7 @@ TEST_F(PanelWindows, ShowsWhatAKindHasWithoutOverlapsOrHoles) {
     std::sort(places.begin(), places.end(), [](const RECT& a, const RECT& b) { return a.top < b.top; });
     LONG below = 0;
     for (auto each = places.begin(); each != places.end(); ++each) {
-      EXPECT_LE(each->top - below, kMostGap);
+      EXPECT_LE(each->top - below, px(kMostGap));
       below = std::max(below, each->bottom);
       EXPECT_GE(each->left, 0);
       EXPECT_LE(each->right, window.width());
@@ -296,7 +299,7 @@ TEST_F(PanelWindows, TheSameAgainPaintsNothing) {
 
 TEST_F(PanelWindows, ALowWindowScrollsByWheelAndToTheFocus) {
   pick(ObjectKind::Field);
-  ::MoveWindow(window.window(), 0, 0, window.width(), 300, TRUE);
+  ::MoveWindow(window.window(), 0, 0, window.width(), px(300), TRUE);
   const auto top = [this](PanelId id) { return placeOn(window.window(), control(id)).top; };
   const LONG before = top(PanelId::left);
   ::SendMessageW(window.window(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
@@ -307,7 +310,7 @@ TEST_F(PanelWindows, ALowWindowScrollsByWheelAndToTheFocus) {
   ::SetFocus(control(PanelId::fieldLabel));
   for (int i = 0; i < 30 && ::GetFocus() != control(PanelId::noChart); ++i) key(window, VK_TAB);
   const RECT last = placeOn(window.window(), control(PanelId::noChart));
-  EXPECT_TRUE(last.top >= 0 && last.bottom <= 300) << last.top;
+  EXPECT_TRUE(last.top >= 0 && last.bottom <= px(300)) << last.top;
 }
 
 TEST_F(PanelWindows, DarkColorsAndAnotherLanguageReachEveryControl) {
