@@ -66,6 +66,7 @@ class PanelWindow {
   };
   Part& part(PanelId id) { return parts_[static_cast<std::size_t>(id)]; }
   LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+  static bool isEdit(PanelInput input) { return input == PanelInput::text || input == PanelInput::number; }
 
   // Making and naming controls; PanelControls.cpp.
   void makeControls();
@@ -101,7 +102,7 @@ class PanelWindow {
   void paintIcon(HDC dc) const;
   LRESULT colorOf(UINT message, HDC dc, HWND control);
 
-  // What a person does.
+  // What a person does; PanelActions.cpp.
   void command(int id, int notice);
   void editChanged(PanelId id);
   void finishReadout(PanelId id);
