@@ -123,7 +123,7 @@ void DesignerController::commonLabels() {
     window_.editCommonLabels(labels);
     for (int number = kFirstLabel; number <= kLastLabel; ++number)
       if (shell_.texts().text(number) != before.text(number))
-        applyLabel(number, shell_.texts(), shell_.document());
+        applyLabel(number, shell_.texts().text(number), shell_.document());
     surface_.finished("common labels");
     languageChanged();
   });

@@ -55,6 +55,7 @@ DesignerParts partsOf(const DesignerSetup& setup, Progress& progress, HDC measur
       [measuring](std::string_view text, const FontSpec& font) {
         return GdiCanvas(measuring).measure(text, font);
       },
+          systemLocale(),
       setup.stub,
       icon,
       setup.version,

@@ -37,7 +37,7 @@ FlatButton::Glyph glyphOf(const ChromeStyle& style, Picture picture) {
     const PointPx corner{static_cast<int>(rect.left + rect.right - side) / 2,
                          static_cast<int>(rect.top + rect.bottom - side) / 2};
     GdiCanvas canvas(dc, style.scale, corner);
-    paintToolIcon(canvas, {0, 0, kIcon, kIcon}, picture(), ink, true);
+    paintToolIcon(canvas, {0, 0, kIcon, kIcon}, picture(), ink, ink != style.colors.disabled);
   };
 }
 

@@ -35,7 +35,7 @@ TEST_F(DesignerControllerTest, EveryMenuEntryRunsAndKeysReachTheSameCommands) {
         }
       };
   for (const Menu& menu : designerMenus(designer)) runAll(menu.entries);
-  EXPECT_GT(ran, 80);
+  EXPECT_GT(ran, 60);
   EXPECT_TRUE(window.ended);
   EXPECT_FALSE(runCommand(designer, 1));
   designer.showPage(0);
