@@ -20,6 +20,7 @@
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/MemorySettings.h"
 #include "tests/platform/TempFolder.h"
+#include "widgets/win32/WidgetClasses.h"
 
 namespace plinth {
 

@@ -31,7 +31,7 @@ class Hands {
   static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
     const HWND dialog = ::GetActiveWindow();
     wchar_t name[16] = {};
-    if (!now_ || !dialog || !::IsWindowVisible(dialog) || !::GetClassNameW(dialog, name, 16) ||
+    if (!now_ || now_->acting_ || !dialog || !::IsWindowVisible(dialog) || !::GetClassNameW(dialog, name, 16) ||
         std::wstring(name) != L"#32770")
       return;
     if (now_->next_ == now_->steps_.size()) {
@@ -39,12 +39,15 @@ class Hands {
       return;
     }
     const Step& step = now_->steps_[now_->next_++];
+    now_->acting_ = true;  // a screenshot lets timers run
     step(dialog);
+    if (now_) now_->acting_ = false;
   }
   static inline Hands* now_ = nullptr;
   std::vector<Step> steps_;
   std::size_t next_ = 0;
   UINT_PTR timer_ = 0;
+  bool acting_ = false;
 };
 
 void press(HWND dialog, int id) { ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0); }
