@@ -25,11 +25,12 @@ std::int32_t ink(const ControlColors& colors, const ControlState& state, std::in
   return state.enabled ? colors.fore : blended(colors.fore, back);
 }
 
-// Lines that are seen on a face, be it light or dark.
-std::int32_t lineOn(std::int32_t face) {
-  const int light = ((face & 0xFF) + (face >> 8 & 0xFF) + (face >> 16 & 0xFF)) / 3;
-  return shaded(face, light < 100 ? 40 : -40);
+bool isDark(std::int32_t color) {
+  return ((color & 0xFF) + (color >> 8 & 0xFF) + (color >> 16 & 0xFF)) / 3 < 100;
 }
+
+// Lines that are seen on a face, be it light or dark.
+std::int32_t lineOn(std::int32_t face) { return shaded(face, isDark(face) ? 40 : -40); }
 
 // A bar's own directions as those of the canvas.
 struct Bar {
@@ -42,7 +43,7 @@ struct Bar {
   RectPx part(int from, int length) const { return rect(from, length, 0, breadth); }
   std::int32_t face() const { return shaded(look.colors.back, -6); }
   void raised(const RectPx& area, bool pressed) const {
-    const std::int32_t light = shaded(face(), 60), dark = shaded(face(), -40);
+    const std::int32_t light = shaded(face(), isDark(face()) ? 22 : 60), dark = shaded(face(), -40);
     fill(canvas, area, face());
     edges(canvas, area, pressed ? dark : light, pressed ? light : dark);
   }
