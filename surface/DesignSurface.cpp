@@ -268,7 +268,6 @@ void DesignSurface::popupMenu(PointPx page) {
 
 void DesignSurface::openProperties(ObjectRef object) { window_.objectOpened(object); }
 
-void DesignSurface::choosePage(int page) { setup_.showPage(page); }
 void DesignSurface::pressed(const MouseEvent& event, ItemRef hit) { editor_.mouseDown(event, hit); }
 void DesignSurface::moved(const MouseEvent& event, ItemRef hit) { editor_.mouseMove(event, hit); }
 void DesignSurface::released(const MouseEvent& event) { editor_.mouseUp(event); }

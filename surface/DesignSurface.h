@@ -138,7 +138,6 @@ class DesignSurface : private EditorView, private PageHand {
   void openProperties(ObjectRef object) override;
   void labelEditing() override { labelDirty_ = true; }
   // PageHand
-  void choosePage(int page) override;
   void pressed(const MouseEvent& event, ItemRef hit) override;
   void moved(const MouseEvent& event, ItemRef hit) override;
   void released(const MouseEvent& event) override;

@@ -188,7 +188,8 @@ std::vector<std::string> DesignerController::status() const {
   const int page = surface_.state().currentPage;
   const SizePx size = pageSizePx(document);
   const int system = parts_.systemCodePage;
-  const std::string project = shell_.lastPath().empty() ? shell_.projectPath() : shell_.lastPath();
+  std::string project = shell_.lastPath().empty() ? shell_.projectPath() : shell_.lastPath();
+  if (project.empty()) project = "New project";
   return {result_.empty() ? toUtf8(project, system) + (document.dirty ? " *" : "") : toUtf8(result_, system),
           toUtf8(surface_.selectionWords(), codePageOfCharSet(document.charSet)),
           std::to_string(size.width) + " x " + std::to_string(size.height) + " px",

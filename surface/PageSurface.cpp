@@ -70,6 +70,7 @@ void PageSurface::layoutTabs() {
     tabs_.push_back({{}, TabItem{{left, kTabTop, width, kTabHeight}, caption, font, i == currentPage()}});
     left += width + kTabGap;
   }
+  view_.tabsChanged();
 }
 
 // Lays one item out anew and has its old and new place painted.
@@ -149,14 +150,6 @@ PointPx PageSurface::sheetOrigin() const {
   return {place(horizontal_, pageSize_.width), kTabStrip + place(vertical_, pageSize_.height)};
 }
 
-RectPx PageSurface::tabRect(int tab) const { return boundsOf(tabs_[static_cast<std::size_t>(tab)].shape); }
-
-int PageSurface::tabAt(PointPx point) const {
-  for (int i = 0; i < static_cast<int>(tabs_.size()); ++i)
-    if (tabRect(i).contains(point)) return i;
-  return -1;
-}
-
 RectPx PageSurface::visiblePage() const {
   const PointPx origin = sheetOrigin();
   const RectPx seen = viewport();
@@ -188,8 +181,6 @@ MouseEvent PageSurface::onPage(const MouseEvent& event) const {
 
 void PageSurface::mouseDown(const MouseEvent& event) {
   const PointPx point{event.x, event.y};
-  const int tab = tabAt(point);
-  if (tab >= 0 && event.button == 1) hand_.choosePage(tab);
   if (viewport().contains(point)) hand_.pressed(onPage(event), objectAt(point));
 }
 
@@ -269,11 +260,10 @@ bool PageSurface::keyDown(const KeyEvent& event) {
   }
 }
 
-void PageSurface::paintTabs(Canvas& canvas) const {
+void PageSurface::paintStrip(Canvas& canvas) const {
   constexpr Pen kNone{LineStyle::none, 1, 0};
   canvas.box({0, 0, client_.width, kTabStrip}, kNone, {FillStyle::solid, colors_.strip, false, 0});
   canvas.box({0, kTabStrip - 1, client_.width, 1}, kNone, {FillStyle::solid, colors_.ruler, false, 0});
-  paintPage(tabs_, canvas, {0, 0, client_.width, kTabStrip});
 }
 
 void PageSurface::paintSheet(Canvas& canvas, const RectPx& clip) const {
@@ -321,7 +311,7 @@ void PageSurface::paintGrid(Canvas& canvas, const RectPx& clip, std::int32_t pag
 }
 
 void PageSurface::paint(Canvas& canvas, const RectPx& clip) const {
-  if (clip.top < kTabStrip) paintTabs(canvas);
+  if (clip.top < kTabStrip) paintStrip(canvas);
   const RectPx seen = intersection(clip, viewport());
   if (seen.width == 0 || seen.height == 0) return;
   canvas.pushClip(seen);

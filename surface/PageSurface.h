@@ -25,6 +25,7 @@ class SurfaceView {
   virtual void invalidateArea(const RectPx&) { invalidate(); }  // paint this part of the drawing area soon
   virtual void scrollChanged() = 0;                             // horizontal() or vertical() have new values
   virtual void pageChanged() = 0;                               // another page is on view
+  virtual void tabsChanged() = 0;                               // tabs() have other captions or places
   virtual void objectPointedAt(const std::string& name) = 0;    // name and place for people; "" for none
 };
 
@@ -32,7 +33,6 @@ class SurfaceView {
 class PageHand {
  public:
   virtual ~PageHand() = default;
-  virtual void choosePage(int page) = 0;
   virtual void pressed(const MouseEvent& event, ItemRef hit) = 0;
   virtual void moved(const MouseEvent& event, ItemRef hit) = 0;
   virtual void released(const MouseEvent& event) = 0;
@@ -96,8 +96,8 @@ class PageSurface {
   RectPx viewport() const;
   // The part of the page that is on view, page pixels.
   RectPx visiblePage() const;
-  // The tab under a point, -1 for none.
-  int tabAt(PointPx point) const;
+  // The tabs of the five pages; whoever shows the drawing area puts buttons there.
+  const PageItems& tabs() const { return tabs_; }
   // Front-most object under a point of the drawing area; kind -1 for none.
   ItemRef objectAt(PointPx point) const;
 
@@ -109,8 +109,7 @@ class PageSurface {
   void refresh(std::size_t item);
   void tellPointed(const MouseEvent& event, ItemRef now);
   MouseEvent onPage(const MouseEvent& event) const;
-  RectPx tabRect(int tab) const;
-  void paintTabs(Canvas& canvas) const;
+  void paintStrip(Canvas& canvas) const;
   void paintSheet(Canvas& canvas, const RectPx& clip) const;
   void paintGrid(Canvas& canvas, const RectPx& clip, std::int32_t pageColor) const;
 

@@ -55,7 +55,7 @@ DesignerParts partsOf(const DesignerSetup& setup, Progress& progress, HDC measur
       [measuring](std::string_view text, const FontSpec& font) {
         return GdiCanvas(measuring).measure(text, font);
       },
-          systemLocale(),
+      systemLocale(),
       setup.stub,
       icon,
       setup.version,
@@ -259,7 +259,7 @@ bool DesignerFrame::translate(MSG& message) {
     focusNextPart(::GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
     return true;
   }
-  if (panel_->translate(message) || toolbox_->translate(message)) return true;
+  if (panel_->translate(message) || toolbox_->translate(message) || area_->translate(message)) return true;
   if (onCommandKey(message)) return true;
   const bool inStrip = ::IsChild(strip_->window(), message.hwnd);
   const bool inTools = ::IsChild(toolbox_->window(), message.hwnd);
@@ -278,16 +278,18 @@ bool DesignerFrame::onCommandKey(const MSG& message) {
   return runCommand(designer_, command);
 }
 
-// F6 goes round toolbox, page, panel and the application's menus.
+// F6 goes round toolbox, the application's menus, page tabs, page and panel.
 void DesignerFrame::focusNextPart(int step) {
-  const HWND parts[] = {toolbox_->window(), strip_->window(), area_->window(), panel_->window()};
-  constexpr int kParts = 4;
+  const HWND parts[] = {toolbox_->window(), strip_->window(), area_->chosenTab(), area_->window(),
+                        panel_->window()};
+  constexpr int kParts = 5;
   const HWND focus = ::GetFocus();
   int at = 0;
   for (int i = 0; i < kParts; ++i)
-    if (parts[i] == focus || ::IsChild(parts[i], focus)) at = i;
+    if (parts[i] == focus || (parts[i] != area_->window() && ::IsChild(parts[i], focus))) at = i;
   const HWND part = parts[(at + step + kParts) % kParts];
-  const HWND first = part == area_->window() ? part : ::GetNextDlgTabItem(part, nullptr, FALSE);
+  const bool whole = part == area_->window() || part == area_->chosenTab();
+  const HWND first = whole ? part : ::GetNextDlgTabItem(part, nullptr, FALSE);
   ::SetFocus(first ? first : area_->window());
 }
 

@@ -76,6 +76,7 @@ class DesignerFrame : private DesignerWindow, private Progress {
   void invalidateArea(const RectPx& area) override;
   void scrollChanged() override;
   void pageChanged() override;
+  void tabsChanged() override;
   void objectPointedAt(const std::string& name) override;
   void panelChanged() override;
   void readoutsChanged() override;

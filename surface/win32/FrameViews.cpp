@@ -30,6 +30,10 @@ void DesignerFrame::pageChanged() {
   if (ready_) statusChanged();
 }
 
+void DesignerFrame::tabsChanged() {
+  if (area_) area_->showTabs();
+}
+
 void DesignerFrame::objectPointedAt(const std::string& name) {
   if (ready_) designer_.setPointed(name);
 }

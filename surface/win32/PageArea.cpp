@@ -74,6 +74,10 @@ PageArea::PageArea(HWND parent, int id, DesignSurface& surface, KeyHandler keys)
   const auto bar = [&](const wchar_t* type, const wchar_t* name, int barId) {
     return ::CreateWindowExW(0, type, name, WS_CHILD, 0, 0, 10, 10, window_, number(barId), nullptr, nullptr);
   };
+  for (int i = 0; i < kPages; ++i)
+    tabs_[static_cast<std::size_t>(i)] =
+        ::CreateWindowExW(0, kTabButtonClass, L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, window_,
+                          number(kFirstTab + i), nullptr, nullptr);
   vertical_ = bar(kRealvScrollClass, L"Up and down", kVerticalId);
   horizontal_ = bar(kRealhScrollClass, L"Left and right", kHorizontalId);
   mainText_ = ::CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, 0, 0, 10, 10, window_,
@@ -118,6 +122,9 @@ LRESULT PageArea::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       if (keys_({static_cast<int>(wParam), shiftState()})) return 0;
       break;
     case WM_COMMAND:
+      if (const int tab = LOWORD(wParam) - kFirstTab;
+          tab >= 0 && tab < kPages && HIWORD(wParam) == BN_CLICKED)
+        surface_.run([&] { surface_.setup().showPage(tab); });
       if (LOWORD(wParam) == kMainTextId && HIWORD(wParam) == EN_CHANGE && !filling_)
         surface_.typeLabel(windowText(mainText_, codePage_));
       return 0;
@@ -254,6 +261,7 @@ void PageArea::resize() {
 
 void PageArea::scaleChanged() {
   scale_ = windowScale(window_);
+  showTabs();
   resize();
 }
 
@@ -263,9 +271,46 @@ void PageArea::setColors(const ChromeColors& colors) {
     ::SendMessageW(bar, kWidgetSetForeColor, 0, colors.quiet);
     ::SendMessageW(bar, kWidgetSetSurround, 0, colors.ground);
   }
+  for (const HWND tab : tabs_) {
+    ::SendMessageW(tab, kWidgetSetBackColor, 0, colors.ground);
+    ::SendMessageW(tab, kWidgetSetForeColor, 0, colors.ink);
+    ::SendMessageW(tab, kWidgetSetSurround, 0, colors.ground);
+    ::SendMessageW(tab, kFrameSetFillColor, 0, colors.box);
+  }
   SurfaceColors around;
   if (colors.dark) around = {0x2B2B2B, colors.ground, 0x181818, 0x505050, colors.edge};
   surface_.page().setColors(around);
+}
+
+void PageArea::showTabs() {
+  const PageItems& tabs = surface_.page().tabs();
+  for (std::size_t i = 0; i < tabs.size() && i < tabs_.size(); ++i) {
+    const auto* tab = std::get_if<TabItem>(&tabs[i].shape);
+    if (!tab) continue;
+    const std::wstring caption = toWide(tab->caption, codePageOfCharSet(tab->font.charSet));
+    const HFONT font =
+        labelFonts_.get(tab->font, px(static_cast<int>(std::lround(tab->font.points * 96 / 72))));
+    if (reinterpret_cast<HFONT>(::SendMessageW(tabs_[i], WM_GETFONT, 0, 0)) != font)
+      ::SendMessageW(tabs_[i], WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    wchar_t now[256] = {};
+    ::GetWindowTextW(tabs_[i], now, 256);
+    if (caption != now) ::SetWindowTextW(tabs_[i], caption.c_str());
+    ::SendMessageW(tabs_[i], BM_SETCHECK, tab->selected ? BST_CHECKED : BST_UNCHECKED, 0);
+    ::MoveWindow(tabs_[i], px(tab->rect.left), px(tab->rect.top), px(tab->rect.width), px(tab->rect.height),
+                 TRUE);
+  }
+}
+
+HWND PageArea::chosenTab() const { return tabs_[static_cast<std::size_t>(surface_.state().currentPage)]; }
+
+bool PageArea::translate(const MSG& message) {
+  if (message.message != WM_KEYDOWN || (message.wParam != VK_LEFT && message.wParam != VK_RIGHT))
+    return false;
+  if (std::ranges::find(tabs_, message.hwnd) == tabs_.end()) return false;
+  const int step = message.wParam == VK_LEFT ? kPages - 1 : 1;
+  surface_.run([&] { surface_.setup().showPage((surface_.state().currentPage + step) % kPages); });
+  ::SetFocus(chosenTab());
+  return true;
 }
 
 void PageArea::setBar(HWND bar, const ScrollAxis& axis) {
@@ -319,19 +364,26 @@ void PageArea::editLabel(const RectPx& place, const ProjectDocument& document) {
   }
   const TitleRow& row = document.titles[static_cast<std::size_t>(title)];
   codePage_ = codePageOfCharSet(document.charSet);
-  if (std::exchange(editedTitle_, title) != title) {
+  const bool begun = std::exchange(editedTitle_, title) != title;
+  if (begun) {
     filling_ = true;
     ::SetWindowTextW(mainText_, toWide(row.caption, codePage_).c_str());
     filling_ = false;
-    ::SendMessageW(mainText_, EM_SETSEL, 0, -1);
   }
   constexpr double kPixelsPerPoint = 96.0 / 72;
   const FontSpec font = titleFont(row, document.charSet);
   const int height = px(static_cast<int>(std::lround(font.points * kPixelsPerPoint)));
   ::SendMessageW(mainText_, WM_SETFONT, reinterpret_cast<WPARAM>(labelFonts_.get(font, height)), FALSE);
+  ::SendMessageW(mainText_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,
+                 MAKELPARAM(px(kTextMargin) - 1, 0));  // the border takes one
+  // Room for the widest character to come, which would scroll the text before the box can grow.
   ::SetWindowPos(mainText_, HWND_TOP, px(place.left - kTextMargin), px(place.top - kTextMargin),
-                 px(std::max(place.width, kTextLeast) + 4 * kTextMargin), px(place.height + 2 * kTextMargin),
-                 SWP_SHOWWINDOW | SWP_NOACTIVATE);
+                 px(std::max(place.width, kTextLeast) + 2 * place.height + 2 * kTextMargin),
+                 px(place.height + 2 * kTextMargin), SWP_SHOWWINDOW | SWP_NOACTIVATE);
+  if (begun) {  // not before the box is wide enough, or it would begin scrolled to the end
+    ::SendMessageW(mainText_, EM_SETSEL, 0, 0);
+    ::SendMessageW(mainText_, EM_SETSEL, 0, -1);
+  }
   if (::GetFocus() != mainText_) ::SetFocus(mainText_);
   ::InvalidateRect(mainText_, nullptr, TRUE);
 }

@@ -2,6 +2,7 @@
 // typed, and forwards mouse and keys as values.
 #pragma once
 
+#include <array>
 #include <functional>
 
 #include "platform/Events.h"
@@ -15,7 +16,7 @@ namespace plinth {
 class PageArea {
  public:
   using KeyHandler = std::function<bool(const KeyEvent&)>;  // true: the key was used
-  static constexpr int kMainTextId = 201, kVerticalId = 202, kHorizontalId = 203;
+  static constexpr int kMainTextId = 201, kVerticalId = 202, kHorizontalId = 203, kFirstTab = 211;
   // A child window of `parent` with this control id. surface must outlive it.
   PageArea(HWND parent, int id, DesignSurface& surface, KeyHandler keys);
   ~PageArea();
@@ -26,6 +27,11 @@ class PageArea {
   void invalidate() { ::InvalidateRect(window_, nullptr, FALSE); }
   void invalidate(const RectPx& area);  // pixels of the drawing area
   void showScroll();                    // after SurfaceView::scrollChanged
+  void showTabs();                      // after SurfaceView::tabsChanged
+  // The chosen tab, which takes the keyboard for all.
+  HWND chosenTab() const;
+  // Left and Right between the tabs. True when the message was used.
+  bool translate(const MSG& message);
   void showPointer(PointerShape pointer);
   // The label's text is typed over `place`; width 0 ends it. codePage: of the project's texts.
   void editLabel(const RectPx& place, const ProjectDocument& document);
@@ -54,6 +60,7 @@ class PageArea {
   int px(int pixels) const;
 
   HWND window_ = nullptr, vertical_ = nullptr, horizontal_ = nullptr, mainText_ = nullptr;
+  std::array<HWND, kPages> tabs_ = {};
   DesignSurface& surface_;
   KeyHandler keys_;
   double scale_ = 1;

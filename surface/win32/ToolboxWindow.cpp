@@ -118,13 +118,12 @@ void ToolboxWindow::show() {
     layout();
     ::InvalidateRect(window_, nullptr, TRUE);
   }
+  const std::optional<Tool> inHand = toolInHand(state, surface_.document());
   for (const Button& each : buttons_) {
     bool on = false;
     if (each.id == kSelectArea) on = state.selKind == kSelArea;
     if (each.id == kLock) on = state.locked;
-    const int tool = each.id - kFirstTool;
-    if (state.placingActive && tool >= 0 && tool < kTools)
-      on = kindInfo(toolInfos()[static_cast<std::size_t>(tool)].kind).placeTool == state.placeTool;
+    if (inHand && each.id == kFirstTool + static_cast<int>(*inHand)) on = true;
     bool usable = true;
     if (each.id == kErase) usable = surface_.hasSelection();
     if (each.id == kUndo) usable = surface_.history().canUndo();

@@ -28,6 +28,7 @@ class TestWindow : public DesignerWindow {
   void invalidate() override {}
   void scrollChanged() override {}
   void pageChanged() override {}
+  void tabsChanged() override {}
   void objectPointedAt(const std::string&) override {}
   void panelChanged() override {}
   void readoutsChanged() override {}

@@ -23,6 +23,7 @@ class QuietView : public SurfaceView {
   void invalidate() override { ++paints; }
   void scrollChanged() override {}
   void pageChanged() override { ++pages; }
+  void tabsChanged() override {}
   void objectPointedAt(const std::string& name) override { pointed = name; }
   void invalidateArea(const RectPx& area) override { areas.push_back(area); }
   int paints = 0, pages = 0;
@@ -152,13 +153,12 @@ TEST(PageView, PageSizeComesFromThePaperOrTheUser) {
 // Keeps what the drawing area hands on.
 class Hand : public PageHand {
  public:
-  void choosePage(int page) override { chosen = page; }
   void pressed(const MouseEvent& event, ItemRef hit) override { keep(event, hit); }
   void moved(const MouseEvent& event, ItemRef hit) override { keep(event, hit); }
   void released(const MouseEvent& event) override { keep(event, {}); }
   void pressedTwice(const MouseEvent& event, ItemRef hit) override { keep(event, hit); }
   void paintOverlay(Canvas& canvas) const override { canvas.ellipse({1, 2, 3, 4}, {}, {}); }
-  int chosen = -1, events = 0;
+  int events = 0;
   MouseEvent last;
   ItemRef lastHit;
 
@@ -190,14 +190,13 @@ class PageSurfaceTest : public testing::Test {
 };
 
 TEST_F(PageSurfaceTest, HandsEventsOnInPixelsOfThePage) {
-  PointPx second{0, 20};
-  while (surface.tabAt(second) != 1 && second.x < 1000) ++second.x;
-  surface.mouseDown({.button = 1, .x = second.x, .y = second.y});
-  EXPECT_EQ(hand.chosen, 1);
+  surface.mouseDown({.button = 1, .x = 110, .y = 20});  // beside the tabs
   EXPECT_EQ(hand.events, 0);
   state.currentPage = 1;
   surface.objectsChanged();
   EXPECT_TRUE(surface.items().empty());
+  EXPECT_TRUE(std::get<TabItem>(surface.tabs()[1].shape).selected);
+  EXPECT_EQ(std::get<TabItem>(surface.tabs()[1].shape).caption, "Orders");
   state.currentPage = 0;
   surface.objectsChanged();
   const PointPx inside = onPage(60, 45);
@@ -252,7 +251,7 @@ TEST_F(PageSurfaceTest, TellsTheObjectUnderThePointer) {
   EXPECT_EQ(surface.objectAt({60, 30}).kind, -1);
 }
 
-TEST_F(PageSurfaceTest, PaintsTabsSheetBackgroundAndObjectsInTheirPlaces) {
+TEST_F(PageSurfaceTest, PaintsSheetBackgroundAndObjectsInTheirPlaces) {
   document.tileImage = "paper";
   document.tileMode = 0;
   document.pageColor[0] = 0x0000FF;
@@ -260,7 +259,7 @@ TEST_F(PageSurfaceTest, PaintsTabsSheetBackgroundAndObjectsInTheirPlaces) {
   RecordingCanvas canvas;
   surface.paint(canvas, {0, 0, 1000, 700});
   const std::string all = canvas.recording();
-  for (const char* expected : {"\"Page 1\"", "\"Orders\"", "brush solid #ff0000", "16x16 paper"})
+  for (const char* expected : {"brush solid #ff0000", "16x16 paper"})
     EXPECT_NE(all.find(expected), std::string::npos) << expected;
   EXPECT_EQ(std::count(canvas.calls.begin(), canvas.calls.end(), "unclip"),
             std::count_if(canvas.calls.begin(), canvas.calls.end(),

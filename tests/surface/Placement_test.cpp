@@ -63,6 +63,7 @@ TEST_F(PlacementTest, EachToolMakesItsObjectAndHandsItToTheMouse) {
     EXPECT_EQ(f.state.selKind, c.selKind);
     EXPECT_EQ(f.state.placeTool, c.placeTool);
     EXPECT_TRUE(f.state.placingActive);
+    EXPECT_EQ(toolInHand(f.state, f.document), c.tool);
     const RectPx place = f.place(c.first);
     EXPECT_EQ(place.left, 50);
     EXPECT_EQ(place.top, 10);

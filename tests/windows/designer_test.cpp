@@ -31,8 +31,8 @@ class Hands {
   static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
     const HWND dialog = ::GetActiveWindow();
     wchar_t name[16] = {};
-    if (!now_ || now_->acting_ || !dialog || !::IsWindowVisible(dialog) || !::GetClassNameW(dialog, name, 16) ||
-        std::wstring(name) != L"#32770")
+    if (!now_ || now_->acting_ || !dialog || !::IsWindowVisible(dialog) ||
+        !::GetClassNameW(dialog, name, 16) || std::wstring(name) != L"#32770")
       return;
     if (now_->next_ == now_->steps_.size()) {
       ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
@@ -62,7 +62,7 @@ TEST_F(DesignerWindows, ShowsThePagesOfTheProject) {
   const Pixels first = windowPixels(area());
   // Paper, ground, title bar of the form, frames, letters: a page that did not paint has far fewer colours.
   EXPECT_GT(std::set<std::uint32_t>(first.argb.begin(), first.argb.end()).size(), 20u);
-  ::SendMessageW(area(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(110, 20));  // the second tab
+  ::SendMessageW(::GetDlgItem(area(), PageArea::kFirstTab + 1), BM_CLICK, 0, 0);
   EXPECT_EQ(frame.designer().surface().state().currentPage, 1);
   shot(frame.window(), "page-2");
   EXPECT_TRUE(windowPixels(area()).argb != first.argb);
