@@ -80,6 +80,15 @@ const std::array<ToolInfo, kTools>& toolInfos() {
   return tools;
 }
 
+std::optional<Tool> toolInHand(const DesignState& state, const ProjectDocument& document) {
+  const auto object = selectedObject(state, document);
+  if (!state.placingActive || !object || object->index < kindInfo(object->kind).firstIndex)
+    return std::nullopt;
+  if (object->kind == ObjectKind::Field && object->index == document.emailField) return Tool::email;
+  if (object->kind == ObjectKind::Picture && !state.pictureArtMode) return Tool::pictureArt;
+  return std::ranges::find(toolInfos(), object->kind, &ToolInfo::kind)->tool;
+}
+
 void Placement::place(Tool tool) {
   DesignState& state = c_.state;
   if (state.locked) return;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -35,6 +36,9 @@ struct ToolInfo {
   const char* english;
 };
 const std::array<ToolInfo, kTools>& toolInfos();  // in the order of the toolbox
+
+// The tool whose object is carried; nullopt when none is, or one with a slot of its own, which no tool makes.
+std::optional<Tool> toolInHand(const DesignState& state, const ProjectDocument& document);
 
 class Placement {
  public:

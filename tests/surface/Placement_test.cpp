@@ -327,6 +327,7 @@ TEST_F(PlacementTest, DatesAndNumberAreLabelsOfTheirOwn) {
   EXPECT_EQ(selected(), (ObjectRef{Title, 3}));
   EXPECT_TRUE(state.placingActive);
   tools.recordId();
+  EXPECT_EQ(toolInHand(state, document), std::nullopt);
   EXPECT_EQ(selected(), (ObjectRef{Title, 5}));
   EXPECT_EQ(document.titles[5].caption, "0000000001");
   EXPECT_EQ(document.titles[5].fontSize, 12);
