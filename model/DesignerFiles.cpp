@@ -195,8 +195,9 @@ void DesignerShell::tick(std::int64_t seconds) {
 void DesignerShell::offerSafetyCopy() {
   while (const std::optional<SafetyCopy::Found> found = safety_->find()) {
     const std::string name = found->originalPath.empty() ? "a new project" : found->originalPath;
-    if (services_.messages.ask("Plinth was not closed properly. Open the safety copy of " + name + "?",
-                               MessageIcon::question)) {
+    if (services_.messages.ask(
+            "Plinth was not closed properly. Open the safety copy of " + name + "? If not, it is removed.",
+            MessageIcon::question)) {
       if (!load(found->copyPath, false, found->originalPath)) return;
       safety_->take(*found);
       lastPath_ = found->originalPath;

@@ -331,7 +331,8 @@ TEST_F(Crash, OffersTheSafetyCopyUntilTheProjectIsSaved) {
   for (const int round : {1, 2}) {  // a second crash before the next copy loses nothing
     messages.answers = {true};
     ASSERT_TRUE(shell().start("")) << round;
-    EXPECT_EQ(messages.texts().back(), "Plinth was not closed properly. Open the safety copy of /d/a.qvf?");
+    EXPECT_EQ(messages.texts().back(),
+              "Plinth was not closed properly. Open the safety copy of /d/a.qvf? If not, it is removed.");
     EXPECT_EQ(shell().document().appTitle, "Changed");
     EXPECT_EQ(files.textOf(shell().document().pictures[0].picturePath), "lo");
     EXPECT_TRUE(shell().document().dirty);
@@ -360,7 +361,8 @@ TEST_F(Crash, OffersEachCopyOnceAndOnlyWhenNoOtherDesignerRuns) {
   messages.answers = {false, false};
   ASSERT_TRUE(shell().start(""));
   ASSERT_EQ(messages.shown.size(), 2u);
-  EXPECT_EQ(messages.shown[0].text, "Plinth was not closed properly. Open the safety copy of a new project?");
+  EXPECT_EQ(messages.shown[0].text,
+            "Plinth was not closed properly. Open the safety copy of a new project? If not, it is removed.");
   EXPECT_EQ(shell().document().appTitle, "");
   EXPECT_FALSE(shell().document().dirty);
   EXPECT_EQ(copies(), 0u);
