@@ -58,6 +58,7 @@ class ScrollBarWindow : public WidgetWindow {
   int page_ = 0;
   int pattern_ = 0;
   int timerInterval_ = 0;  // as it runs; 0: stopped
+  int wheelRest_ = 0;
   bool mouseHeld_ = false;
   ScrollZone pressed_ = ScrollZone::none;
 };
@@ -160,7 +161,9 @@ void ScrollBarWindow::tick() {
 }
 
 void ScrollBarWindow::wheel(int delta) {
-  const int steps = -delta * kWheelSteps / WHEEL_DELTA;
+  wheelRest_ -= delta * kWheelSteps;
+  const int steps = wheelRest_ / WHEEL_DELTA;
+  wheelRest_ %= WHEEL_DELTA;  // fine wheels send small parts
   if (const auto code = model_.wheel(steps)) changed(code, true);
 }
 
