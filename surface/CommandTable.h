@@ -25,6 +25,7 @@ enum class MenuPlace {
   unit,
   grid,
   background,
+  test,
   options,
   language,
   help

@@ -21,6 +21,7 @@ constexpr auto kMenus = std::to_array<MenuRow>({{MenuPlace::file, 0, "&File"},
                                                 {MenuPlace::edit, 0, "&Edit"},
                                                 {MenuPlace::add, 0, "&Add"},
                                                 {MenuPlace::page, 391, "&Page"},
+                                                {MenuPlace::test, 137, "&Test"},
                                                 {MenuPlace::options, 371, "&Options"},
                                                 {MenuPlace::language, 175, "&Language"},
                                                 {MenuPlace::help, 370, "&Help"}});

@@ -46,6 +46,8 @@ enum class Command : int {
   customPaper,
   commonLabels,
   colorTable,
+  toolPanel,
+  tryProject,
   openExample = 1090,  // to 1099
   recent = 1101,       // to 1105
   page = 1201,         // to 1205
@@ -62,6 +64,8 @@ enum class Command : int {
   unit = 1531,     // to 1534
   grid = 1541,     // to 1545
   tile = 1551,     // to 1554
+  testTemplate = 1561,  // to 1570
+  testScript = 1571,
   submenu = 1601,  // entries that open a menu count on from here; they run nothing
 };
 

@@ -75,6 +75,13 @@ void DesignerController::exit() {
     if (shell_.mayExit()) window_.end();
   });
 }
+
+bool DesignerController::mayEnd() {
+  bool may = !shell_.document().dirty;
+  run([&] { may = shell_.mayExit(); });
+  return may;
+}
+
 void DesignerController::openExample(int index) {
   run([this, index] {
     const std::vector<std::string> examples = shell_.examples();
@@ -172,6 +179,25 @@ void DesignerController::createApplication() {
     }
     report(compiler.run(shell_.document(), {choices.name, choices.folder, shell_.document().appIcon, false}));
     surface_.finished("icon and file properties");
+  });
+}
+
+void DesignerController::tryProject() {
+  run([this] {
+    CompileApp compiler(createEnvironment());
+    if (!compiler.bigEnough(shell_.document())) return;
+    ProjectDocument copy = shell_.document();  // trying changes nothing
+    Files& files = parts_.services.files;
+    const std::string folder = files.temporaryFolder() + "PlinthTest";
+    (void)files.makeFolder(folder);  // a failure is told by what needs the folder
+    std::string name = applicationName(initialApplicationName(copy));
+    if (name.empty()) name = "Test";
+    const CreateResult result = compiler.run(copy, {name, folder, copy.appIcon, false});
+    report(result);
+    if (result.ok() && !parts_.shell.open(result.executable))
+      parts_.services.messages.show(
+          replaceAll(text(227, "The program * could not be started."), "*", result.executable),
+          MessageIcon::warning);
   });
 }
 

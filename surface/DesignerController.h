@@ -66,9 +66,14 @@ class DesignerController : private DesignerView {
   void openRecent(int number);  // 1 to 5
   void openPath(const std::string& path);
   void createApplication();
+  // Starts an application of the project as it stands, made in the temporary folder.
+  void tryProject();
   void fileProperties();
   void about();
   void exit();
+  // The system wants to end: asks as exit() does. While a command runs nobody can be asked; false then when
+  // something would be lost.
+  bool mayEnd();
   void openExample(int index);     // into the shell's examples()
   void chooseLanguage(int index);  // into languages()
   void commonLabels();

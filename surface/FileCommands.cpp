@@ -9,10 +9,10 @@ namespace plinth {
 namespace {
 
 using D = DesignerController;
-using MenuPlace::file, MenuPlace::help, MenuPlace::language;
+using MenuPlace::file, MenuPlace::help, MenuPlace::language, MenuPlace::test;
 
 constexpr unsigned kCtrlShift = kCtrl | kShift;
-constexpr int kF1 = 112, kF9 = 120;
+constexpr int kF1 = 112, kF5 = 116, kF9 = 120;
 
 std::string numbered(int index, const std::string& text) {
   return "&" + std::to_string(index + 1) + " " + menuText(text);
@@ -28,6 +28,17 @@ std::string exampleText(const D& d, int i) {
   if (i >= static_cast<int>(examples.size())) return "";
   return "Example " + menuText(toUtf8(withoutExtension(fileNameOf(examples[static_cast<std::size_t>(i)])),
                                       d.systemCodePage()));
+}
+
+std::string templateText(const D& d, int i) {
+  return menuText(toUtf8(d.shell().testTemplates()[static_cast<std::size_t>(i)], d.languageCodePage()));
+}
+
+// Scripts are tried where templates are.
+std::string scriptText(const D& d, int) {
+  for (const std::string& shown : d.shell().testTemplates())
+    if (!shown.empty()) return "Test &Script";
+  return "";
 }
 
 bool isLanguage(const D& d, int i) { return i < static_cast<int>(d.shell().languages().size()); }
@@ -57,6 +68,9 @@ std::span<const CommandRow> fileCommands() {
       {Command::openExample, file, 0, "", "", {}, [](D& d, int i) { d.openExample(i); }, true, 10, exampleText},
       {Command::recent, file, 0, "", "", {}, [](D& d, int i) { d.openRecent(i + 1); }, true, kRecentFiles, recentText},
       {Command::exit, file, 157, "E&xit", "Alt+F4", {}, [](D& d, int) { d.exit(); }, true},
+      {Command::tryProject, test, 0, "&Test Application", "F5", {kF5, 0}, [](D& d, int) { d.tryProject(); }},
+      {Command::testTemplate, test, 0, "", "", {}, [](D& d, int) { d.tryProject(); }, true, 10, templateText},
+      {Command::testScript, test, 0, "", "", {}, [](D& d, int) { d.tryProject(); }, false, 1, scriptText},
       {Command::language, language, 0, "", "", {}, [](D& d, int i) { d.chooseLanguage(i); }, false, 99, languageText,
        nullptr, isChosenLanguage},
       {Command::commonLabels, language, 176, "Common Labels...", "", {}, [](D& d, int) { d.commonLabels(); }, true},

@@ -3,6 +3,7 @@
 
 #include <commctrl.h>
 #include <shellapi.h>
+#include <windowsx.h>
 
 #include <algorithm>
 #include <cmath>
@@ -156,14 +157,19 @@ void DesignerFrame::keepPlace() {
 LRESULT DesignerFrame::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SIZE:
+      if (wParam == SIZE_MINIMIZED && colors_) colors_->hide();  // restoring shows the page alone
       layout();
       return 0;
     case WM_SETFOCUS:
       if (area_) ::SetFocus(area_->window());
       return 0;
     case WM_COMMAND:
+      if (lParam == 0 && panel_) panel_->finish();
       if (runCommand(designer_, LOWORD(wParam))) return 0;
       break;
+    case kShowPopup:
+      showPopup({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      return 0;
     case WM_INITMENUPOPUP:
       refreshMenu(reinterpret_cast<HMENU>(wParam), designer_);
       return 0;
@@ -181,10 +187,12 @@ LRESULT DesignerFrame::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       scaleChanged(*reinterpret_cast<const RECT*>(lParam));
       return 0;  // WM_DPICHANGED
     case WM_CLOSE:
+      if (panel_) panel_->finish();
       designer_.exit();
       return 0;
     case WM_QUERYENDSESSION:
-      return designer_.shell().mayExit();
+      if (panel_) panel_->finish();
+      return designer_.mayEnd();
     case WM_DESTROY:
       ::PostQuitMessage(0);
       return 0;
@@ -275,6 +283,7 @@ bool DesignerFrame::onCommandKey(const MSG& message) {
   wchar_t type[16] = {};
   ::GetClassNameW(message.hwnd, type, 16);
   if (isEditingKey(key) && (std::wstring(type) == L"Edit" || std::wstring(type) == L"ComboBox")) return false;
+  panel_->finish();
   return runCommand(designer_, command);
 }
 

@@ -45,6 +45,18 @@ TEST_F(DesignerControllerTest, EveryMenuEntryRunsAndKeysReachTheSameCommands) {
   EXPECT_EQ(commandOfKey({'S', 0}), 0);
 }
 
+TEST_F(DesignerControllerTest, TriesTheProjectInTheTemporaryFolderWithoutChangingIt) {
+  EXPECT_TRUE(command(Command::tryProject));
+  ASSERT_EQ(shell.opened.size(), 1u);
+  const std::string program = shell.opened[0].target;
+  EXPECT_EQ(program.rfind(files.temporaryFolder(), 0), 0u) << program;
+  EXPECT_TRUE(files.exists(program));
+  EXPECT_FALSE(document().dirty);
+  EXPECT_FALSE(designer.surface().history().canUndo());
+  EXPECT_TRUE(command(Command::tryProject));  // over the one before, without a question
+  EXPECT_TRUE(messages.shown.empty());
+}
+
 TEST_F(DesignerControllerTest, ExitAsksOnlyWhenSomethingWouldBeLost) {
   designer.shell().changed();
   EXPECT_NE(designer.status()[0].find('*'), std::string::npos);
@@ -114,6 +126,44 @@ TEST_F(DesignerControllerTest, CreatesNothingWithoutANameOrWithTooSmallRecords) 
   ASSERT_EQ(messages.shown.size(), 1u);
   EXPECT_NE(messages.shown[0].text.find("30 characters"), std::string::npos);
   EXPECT_TRUE(dialogs.titles.empty());
+}
+
+TEST_F(DesignerControllerTest, CommonLabelsReachTheProjectButNotTheWordsOfItsMenus) {
+  const std::string pasting = document().menus.pasting;
+  window.editLabels = [](CommonLabels& labels) {
+    const std::pair<int, const char*> edits[] = {{383, "Insert"}, {184, "Make *?"}, {319, "Mean"}};
+    for (const auto& [number, text] : edits) {
+      labels.scrollTo(number - kFirstLabel);
+      labels.change(number - kFirstLabel - labels.first(), text);
+    }
+  };
+  command(Command::commonLabels);
+  EXPECT_EQ(designer.text(383, ""), "Insert");
+  EXPECT_EQ(document().engineText[133], "Insert");
+  EXPECT_EQ(document().menuText[4] + document().statLabels[1], "Make *?Mean");
+  EXPECT_EQ(document().menus.pasting, pasting);
+  EXPECT_TRUE(document().dirty);
+  EXPECT_EQ(designer.surface().history().undoWords(), "common labels");
+  EXPECT_TRUE(command(Command::undo));
+  EXPECT_NE(document().menuText[4], "Make *?");
+  EXPECT_FALSE(designer.surface().history().canUndo());
+}
+
+TEST_F(DesignerControllerTest, TheSystemMayEndOnlyWhenNothingIsLost) {
+  EXPECT_TRUE(designer.mayEnd());
+  bool whileDialog = true;
+  dialogs.person = [&](const DialogSpec&) {
+    whileDialog = designer.mayEnd();
+    return false;
+  };
+  command(Command::fileProperties);
+  EXPECT_TRUE(whileDialog);
+  designer.shell().changed();
+  command(Command::fileProperties);
+  EXPECT_FALSE(whileDialog);
+  EXPECT_TRUE(messages.shown.empty());
+  messages.answers = {false};
+  EXPECT_TRUE(designer.mayEnd());
 }
 
 TEST_F(DesignerControllerTest, CancelledPropertiesChangeNothing) {
