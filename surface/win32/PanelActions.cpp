@@ -85,18 +85,19 @@ HWND PanelWindow::focusedChild() const {
   return focus;
 }
 
+void PanelWindow::finish() {
+  if (!panel_) return;
+  for (const PanelControl& control : panel_->controls()) finishReadout(control.id);
+}
+
+// Done here; without `keep` what was half typed is as if it had never been.
 void PanelWindow::leave(bool keep) {
-  for (const PanelControl& control : panel_->controls()) {
-    Part& each = part(control.id);
-    if (!each.pending) continue;
-    if (keep) {
-      finishReadout(control.id);
-    } else {
-      each.pending = false;
-      filling_ = true;
-      ::SetWindowTextW(each.window, toWide(each.text, textPage_).c_str());
-      filling_ = false;
-    }
+  if (keep) finish();
+  for (Part& each : parts_) {
+    if (!std::exchange(each.pending, false)) continue;
+    filling_ = true;
+    ::SetWindowTextW(each.window, toWide(each.text, textPage_).c_str());
+    filling_ = false;
   }
   events_.focusPage();
 }

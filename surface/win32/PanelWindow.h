@@ -46,6 +46,8 @@ class PanelWindow {
   void showPlaces(const PropertyPanel& panel);
   // Texts of the language, which are in labelPage. textPage: of the objects' texts, 0 for the same.
   void retext(const LabelSource& label, int labelPage, int textPage = 0);
+  // Takes what was typed into a read-out as if the person had left it: a command must not pass it over.
+  void finish();
   void scaleChanged();
   void setColors(const ChromeColors& colors);
   // To be asked for each message of the program before it is dispatched: true when the panel has used it, a

@@ -244,6 +244,10 @@ TEST_F(PanelWindows, ReadOutsWriteWhenTheyAreFinished) {
   EXPECT_EQ(text(PanelId::left), "88");
   EXPECT_EQ(written.size(), 2u);
   EXPECT_EQ(left, 2);
+  retype("66");
+  window.finish();  // a command of the menu: nothing takes the focus away
+  EXPECT_EQ(written.back(), (std::pair{PanelId::left, std::string("66")}));
+  EXPECT_EQ(::GetFocus(), x);
 }
 
 TEST_F(PanelWindows, ClicksReachThePanel) {
