@@ -89,6 +89,7 @@ void PageSurface::refresh(std::size_t index) {
   paintSoon(boundsOf(item.shape));
   item.shape = std::move(*shape);
   paintSoon(boundsOf(item.shape));
+  if (item.ref == pointed_) view_.objectPointedAt(pointedWords());
 }
 
 void PageSurface::objectsMoved(const std::vector<ObjectRef>& objects) {
@@ -186,7 +187,7 @@ void PageSurface::mouseDown(const MouseEvent& event) {
 
 void PageSurface::mouseMove(const MouseEvent& event) {
   const ItemRef now = objectAt({event.x, event.y});
-  tellPointed(event, now);
+  tellPointed(now);
   hand_.moved(onPage(event), now);
 }
 
@@ -197,26 +198,20 @@ void PageSurface::doubleClick(const MouseEvent& event) {
   if (viewport().contains(point)) hand_.pressedTwice(onPage(event), objectAt(point));
 }
 
-void PageSurface::tellPointed(const MouseEvent& event, ItemRef now) {
-  if (now == pointed_) return;
-  pointed_ = now;
-  std::string name;
-  if (now.kind >= 0) {
-    const MouseEvent page = onPage(event);
-    const int found = itemAt(items_, {page.x, page.y});
-    const RectPx r = boundsOf(items_[static_cast<std::size_t>(found)].shape);
-    name = objectName(document_, static_cast<ObjectKind>(now.kind), now.index) + "   " +
-           std::to_string(r.left) + ", " + std::to_string(r.top) + "   " + std::to_string(r.width) + " x " +
-           std::to_string(r.height);
-  }
-  view_.objectPointedAt(name);
+void PageSurface::tellPointed(ItemRef now) {
+  if (std::exchange(pointed_, now) != now) view_.objectPointedAt(pointedWords());
 }
 
-void PageSurface::mouseLeave() {
-  if (pointed_ == ItemRef{}) return;
-  pointed_ = {};
-  view_.objectPointedAt("");
+std::string PageSurface::pointedWords() const {
+  const auto found = places_.find(keyOf(pointed_));
+  if (found == places_.end()) return {};
+  const RectPx r = boundsOf(items_[found->second].shape);
+  return objectName(document_, static_cast<ObjectKind>(pointed_.kind), pointed_.index) + "   " +
+         std::to_string(r.left) + ", " + std::to_string(r.top) + "   " + std::to_string(r.width) + " x " +
+         std::to_string(r.height);
 }
+
+void PageSurface::mouseLeave() { tellPointed({}); }
 
 void PageSurface::wheel(int lines, unsigned shift) {
   const int by = -lines * kLineStep;

@@ -107,7 +107,8 @@ class PageSurface {
   void layout();
   void layoutTabs();
   void refresh(std::size_t item);
-  void tellPointed(const MouseEvent& event, ItemRef now);
+  void tellPointed(ItemRef now);
+  std::string pointedWords() const;
   MouseEvent onPage(const MouseEvent& event) const;
   void paintStrip(Canvas& canvas) const;
   void paintSheet(Canvas& canvas, const RectPx& clip) const;

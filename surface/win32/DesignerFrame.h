@@ -81,7 +81,9 @@ class DesignerFrame : private DesignerWindow, private Progress {
   void panelChanged() override;
   void readoutsChanged() override;
   void pointerChanged(PointerShape pointer) override;
+  static constexpr UINT kShowPopup = WM_APP + 1;  // lParam: point of the screen
   void popupMenu(PointPx point) override;
+  void showPopup(POINT at);
   void labelEditing(const RectPx& place) override;
   void objectOpened(ObjectRef object) override;
   void stepMade() override;

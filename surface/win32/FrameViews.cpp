@@ -54,12 +54,16 @@ void DesignerFrame::pointerChanged(PointerShape pointer) {
 }
 
 void DesignerFrame::popupMenu(PointPx point) {
+  // Once the press has been told to all, so that panel and menu speak of the same object.
   const POINT at = area_->onScreen(point);
+  ::PostMessageW(window_, kShowPopup, 0, MAKELPARAM(at.x, at.y));
+}
+
+void DesignerFrame::showPopup(POINT at) {
   const HMENU popup = popupOf(plinth::popupMenu(designer_));
   const int chosen =
       ::TrackPopupMenu(popup, TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0, window_, nullptr);
   ::DestroyMenu(popup);
-  // After the gesture that asked for the menu has ended.
   if (chosen != 0) ::PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(chosen), 0);
 }
 
@@ -72,6 +76,7 @@ void DesignerFrame::objectOpened(ObjectRef) { focusPanel(); }
 void DesignerFrame::stepMade() {
   if (!ready_ || !toolbox_) return;
   toolbox_->show();
+  wordsChanged();
   statusChanged();
 }
 
@@ -137,7 +142,10 @@ void DesignerFrame::showColorTable() {
     };
     colors_ = std::make_unique<ColorTableWindow>(
         window_, designer_.surface().colors(),
-        ColorTableEvents{[this](std::int32_t color) { designer_.surface().useColor(color); },
+        ColorTableEvents{[this](std::int32_t color) {
+                           // Message boxes lock the main window alone.
+                           if (!designer_.busy()) designer_.surface().useColor(color);
+                         },
                          [this] { designer_.surface().finished("color table"); }, position, keep});
     colors_->setColors(systemChrome());
     retext();
@@ -159,6 +167,7 @@ void DesignerFrame::editCommonLabels(CommonLabels& labels) {
 
 void DesignerFrame::end() {
   keepPlace();
+  if (colors_) colors_->hide();
   ::DestroyWindow(window_);
 }
 

@@ -5,6 +5,7 @@
 
 #include <limits>
 
+#include "surface/ObjectPlaces.h"
 #include "surface/PageSurface.h"
 #include "tests/fakes/RecordingCanvas.h"
 
@@ -244,6 +245,9 @@ TEST_F(PageSurfaceTest, TellsTheObjectUnderThePointer) {
   surface.mouseMove({.button = 0, .x = inside.x, .y = inside.y});
   EXPECT_EQ(view.pointed, "F1 Name   37, 37   106 x 26");
   EXPECT_EQ(surface.objectAt(inside), (ItemRef{number(ObjectKind::Field), 1}));
+  moveBy(document, {ObjectKind::Field, 1}, 5, -3);
+  surface.objectsMoved({{ObjectKind::Field, 1}});
+  EXPECT_EQ(view.pointed, "F1 Name   42, 34   106 x 26");
   surface.mouseMove({.button = 0, .x = outside.x, .y = outside.y});
   EXPECT_EQ(view.pointed, "");
   surface.resize({200, 120});
