@@ -74,13 +74,17 @@ void PropertyPanel::fillValue(PanelControl& control) {
   });
 }
 
-// Squares, scripts and buttons have no letter, so their name stays empty.
+// The letter behind the index; squares, scripts and buttons have none, so their name stays empty.
 void PropertyPanel::fillSelItem() {
   const auto object = selectedObject(c_.state, c_.document);
   if (!object) return;
   PanelControl& control = at(PanelId::selItem);
   control.shown = control.enabled = true;
-  if (!kindInfo(object->kind).shortName.empty()) control.text = shortName(*object);
+  const std::string_view letter = kindInfo(object->kind).shortName;
+  if (isLine(*object))
+    control.text = shortName(*object);
+  else if (!letter.empty())
+    control.text = std::to_string(object->index) + std::string(letter);
   using enum ObjectKind;
   if (object->kind == Field || object->kind == Memo || object->kind == Combo)
     control.color = at(PanelId::color1).color;

@@ -88,7 +88,7 @@ TEST_F(PropertyPanelTest, ShowsTheValuesOfTheSelected) {
   const std::pair<PanelId, const char*> texts[] = {
       {P::fontName, "Arial"}, {P::fontSize, "10"},   {P::fieldLabel, "Town"}, {P::tabOrder, "4"},
       {P::fieldLength, "25"}, {P::borderStyle, "3"}, {P::left, "13"},         {P::top, "17"},
-      {P::width, "106"},      {P::height, "21"},     {P::selItem, "F1"}};
+      {P::width, "106"},      {P::height, "21"},     {P::selItem, "1F"}};
   for (const auto& [id, expected] : texts) EXPECT_EQ(text(id), expected) << int(id);
   const std::pair<PanelId, bool> checks[] = {
       {P::italic, true},   {P::bold, false},    {P::alignCenter, true}, {P::alignLeft, false},
