@@ -6,7 +6,6 @@
 
 #include "basic/CodePage.h"
 #include "basic/Text.h"
-#include "model/DerivedTexts.h"
 
 namespace plinth {
 namespace {
@@ -53,12 +52,6 @@ int CommonLabels::find(const std::string& part) const {
     if (holds(order_[position])) return static_cast<int>(position);
   }
   return -1;
-}
-
-bool takeCommonLabel(DesignContext& context, const LanguageTexts& texts, int number) {
-  applyLabel(number, texts.text(number), context.document);
-  const std::string name = "common label " + std::to_string(number);
-  return finish(context, name, name);
 }
 
 }  // namespace plinth

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "model/LanguageTexts.h"
-#include "surface/DesignContext.h"
 
 namespace plinth {
 
@@ -32,9 +31,5 @@ class CommonLabels {
   std::vector<int> order_;
   int first_ = 0;
 };
-
-// Lets the project follow a text that was changed: its tables of texts, not the words of its menus. False
-// when the project has no copy of that text, or the same already.
-bool takeCommonLabel(DesignContext& context, const LanguageTexts& texts, int number);
 
 }  // namespace plinth

@@ -3,13 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "model/DerivedTexts.h"
-#include "tests/surface/DesignFixture.h"
-
 namespace plinth {
 namespace {
 
-class CommonLabelsTest : public testing::Test, public DesignFixture {
+class CommonLabelsTest : public testing::Test {
  protected:
   CommonLabelsTest() {
     std::string file;
@@ -67,29 +64,6 @@ TEST_F(CommonLabelsTest, FindsFromTheNextRowOnAndRoundAbout) {
     labels.scrollTo(c.first);
     EXPECT_EQ(labels.find(c.part), c.found) << c.part << " from " << c.first;
   }
-}
-
-TEST_F(CommonLabelsTest, TheProjectFollowsButKeepsTheWordsOfItsMenus) {
-  applyLabels(texts, document);
-  document.menus.pasting = "Insert";
-  settle();
-  const auto change = [&](int number, const std::string& text) {
-    labels.scrollTo(number - kFirstLabel);
-    labels.change(number - kFirstLabel - labels.first(), text);
-    return takeCommonLabel(context, texts, number);
-  };
-  EXPECT_TRUE(change(383, "P"));
-  EXPECT_TRUE(change(383, "Paste it"));
-  EXPECT_EQ(document.engineText[133], "Paste it");
-  EXPECT_EQ(document.menus.pasting, "Insert");
-  EXPECT_EQ(history.steps(), 1u);
-  EXPECT_TRUE(document.dirty);
-  EXPECT_TRUE(change(184, "Make *?"));
-  EXPECT_TRUE(change(319, "Mean"));
-  EXPECT_EQ(document.menuText[4] + document.statLabels[1], "Make *?Mean");
-  EXPECT_FALSE(change(101, "no copy of it"));
-  EXPECT_EQ(history.steps(), 3u);
-  EXPECT_EQ(history.undoWords(), "common label 319");
 }
 
 }  // namespace
