@@ -32,6 +32,10 @@ class History {
   bool commit(const ProjectDocument& document, const std::string& words, const std::string& mergeKey = "");
   // The next commit starts a step of its own whatever its mergeKey.
   void seal() { mergeKey_.clear(); }
+  // A commit with this key would become part of the step that undo() would take.
+  bool mergesWith(const std::string& mergeKey) const {
+    return !mergeKey.empty() && mergeKey == mergeKey_ && canUndo();
+  }
 
   bool canUndo() const { return !undo_.empty(); }
   bool canRedo() const { return !redo_.empty(); }

@@ -174,6 +174,7 @@ void AreaSelection::moveBy(int dx, int dy) {
 
 void AreaSelection::enter() {
   endDrag();
+  finishCarried(c_);
   if (c_.state.editedTitle >= 0) c_.view.labelEditing();
   selectNothing(c_.state);
   c_.state.selKind = kSelArea;

@@ -22,6 +22,14 @@ bool finish(DesignContext& context, const std::string& words, const std::string&
   return true;
 }
 
+std::string placingKey(ObjectRef object) { return "place " + shortName(object); }
+
+void finishCarried(DesignContext& context) {
+  if (!context.state.placingActive) return;
+  if (const auto object = selectedObject(context.state, context.document))
+    finish(context, "placing of " + shortName(*object), placingKey(*object));
+}
+
 void showLabel(DesignContext& context, int label, const char* english) {
   context.messages.show(context.label(label, english), MessageIcon::information);
 }

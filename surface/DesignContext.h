@@ -53,6 +53,12 @@ struct DesignContext {
 // For mergeKey see History::commit. False when nothing had changed.
 bool finish(DesignContext& context, const std::string& words, const std::string& mergeKey = "");
 
+// The step of a carried object's placing, which the carrying belongs to.
+std::string placingKey(ObjectRef object);
+// Before something else happens to the project: how far an object was carried until now belongs to its own
+// step.
+void finishCarried(DesignContext& context);
+
 // The message box of a language text.
 void showLabel(DesignContext& context, int label, const char* english);
 

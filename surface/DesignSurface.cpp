@@ -57,6 +57,7 @@ void DesignSurface::projectChanged() {
   const ScaleUnit unit = state_.scaleUnit;
   const int grid = state_.gridChoice;
   const double step = state_.gridStep;
+  editor_.letGo();
   state_ = DesignState{};
   state_.scaleUnit = unit;
   state_.gridChoice = grid;
@@ -112,23 +113,23 @@ void DesignSurface::tell() {
 
 void DesignSurface::mouseDown(const MouseEvent& event) {
   pressed_ = true;
-  run([&] { page_.mouseDown(event); });
+  turn([&] { page_.mouseDown(event); });
 }
 void DesignSurface::mouseMove(const MouseEvent& event) {
-  run([&] { page_.mouseMove(event); });
+  turn([&] { page_.mouseMove(event); });
 }
 void DesignSurface::mouseUp(const MouseEvent& event) {
   pressed_ = false;
-  run([&] { page_.mouseUp(event); });
+  turn([&] { page_.mouseUp(event); });
 }
 void DesignSurface::doubleClick(const MouseEvent& event) {
-  run([&] { page_.doubleClick(event); });
+  turn([&] { page_.doubleClick(event); });
 }
 
 bool DesignSurface::keyDown(const KeyEvent& event) {
   constexpr int kTab = 9;
   bool used = false;
-  run([&] {
+  turn([&] {
     if (event.key == kTab && (event.shift & ~kShift) == 0) {
       editor_.selectNext((event.shift & kShift) != 0 ? -1 : 1);
       used = true;
@@ -142,16 +143,16 @@ bool DesignSurface::keyDown(const KeyEvent& event) {
 }
 
 void DesignSurface::typeLabel(const std::string& caption) {
-  run([&] { editor_.typeLabel(caption); });
+  turn([&] { editor_.typeLabel(caption); });
 }
 void DesignSurface::endLabel() {
-  run([this] { editor_.endLabel(); });
+  turn([this] { editor_.endLabel(); });
 }
 void DesignSurface::writePanel(PanelId id, const std::string& value) {
-  run([&] { panel_.write(id, value); });
+  turn([&] { panel_.write(id, value); });
 }
 void DesignSurface::pad(int dx, int dy, bool ten) {
-  run([&] { editor_.pad(dx, dy, ten); });
+  turn([&] { editor_.pad(dx, dy, ten); });
 }
 
 void DesignSurface::chooseColorFor(PanelId id) {
@@ -167,7 +168,7 @@ void DesignSurface::waitForPageColor() {
 }
 
 void DesignSurface::useColor(std::int32_t color) {
-  run([&] {
+  turn([&] {
     if (state_.colorTarget == ColorTarget::pageColor)
       setup_.pageColor(color);
     else
@@ -177,6 +178,7 @@ void DesignSurface::useColor(std::int32_t color) {
 
 void DesignSurface::undo() {
   run([this] {
+    finishCarried(context_);
     editor_.endLabel();
     if (history_.undo(services_.document)) stepTaken();
   });
@@ -184,6 +186,7 @@ void DesignSurface::undo() {
 
 void DesignSurface::redo() {
   run([this] {
+    finishCarried(context_);
     editor_.endLabel();
     if (history_.redo(services_.document)) stepTaken();
   });
@@ -206,17 +209,20 @@ void DesignSurface::stepTaken() {
   objectsDirty_ = selectionDirty_ = stepDirty_ = overlayDirty_ = true;
 }
 
-void DesignSurface::copy() {
-  run([this] {
+bool DesignSurface::copy() {
+  bool copied = false;
+  run([&] {
     const std::string text = clipboard_.copy();
-    if (!text.empty()) services_.clipboard.setText(text, codePageOfCharSet(services_.document.charSet));
+    copied = !text.empty() &&
+             services_.clipboard.setText(text, codePageOfCharSet(services_.document.charSet));
   });
+  return copied;
 }
 
+// What another program's hold of the clipboard kept from being copied stays.
 void DesignSurface::cut() {
   run([this] {
-    copy();
-    clipboard_.remove();
+    if (copy()) clipboard_.remove();
   });
 }
 
@@ -243,7 +249,7 @@ void DesignSurface::tick() {
   if (caption == now) return;
   caption = now;
   history_.adopt(document);  // time passes by itself: nothing to undo, nothing to save
-  run([this] { objectsDirty_ = true; });
+  turn([this] { objectsDirty_ = true; });
 }
 
 std::string DesignSurface::selectionWords() const {

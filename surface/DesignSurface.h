@@ -63,12 +63,13 @@ class DesignSurface : private EditorView, private PageHand {
   // Something outside changed the project: one step in these words. False when nothing had changed.
   bool finished(const std::string& words, const std::string& mergeKey = "");
 
-  // Runs work on the controllers and tells what came of it.
+  // Runs work on the controllers and tells what came of it. What the mouse holds is released before.
   template <class F>
   void run(F work) {
-    ++depth_;
-    work();
-    if (--depth_ == 0) tell();
+    turn([&] {
+      if (depth_ == 1) editor_.endGesture();
+      work();
+    });
   }
 
   // Events of the drawing area in its own pixels.
@@ -89,7 +90,7 @@ class DesignSurface : private EditorView, private PageHand {
 
   void undo();
   void redo();
-  void copy();
+  bool copy();  // false when nothing is selected or the clipboard could not be had
   void cut();
   void paste();
   void remove();
@@ -122,6 +123,13 @@ class DesignSurface : private EditorView, private PageHand {
   bool inGesture() const { return state_.placingActive || pressed_; }
 
  private:
+  // The same for events, which may be part of a gesture.
+  template <class F>
+  void turn(F work) {
+    ++depth_;
+    work();
+    if (--depth_ == 0) tell();
+  }
   void tell();
   void stepTaken();
 

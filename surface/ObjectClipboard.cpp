@@ -214,6 +214,7 @@ void ObjectClipboard::endSelection() {
 }
 
 void ObjectClipboard::paste(std::string_view text) {
+  finishCarried(c_);
   const PointPx scroll = c_.scroll();
   const PointPx offset{kPasteStep + std::abs(scroll.x) - c_.state.scrollXAtCopy,
                        kPasteStep + std::abs(scroll.y) - c_.state.scrollYAtCopy};
@@ -237,6 +238,7 @@ void ObjectClipboard::paste(std::string_view text) {
 void ObjectClipboard::remove() {
   const std::vector<ObjectRef> objects = selectedObjects(c_.state, c_.document);
   if (objects.empty()) return;
+  finishCarried(c_);
   const bool ofArea = area_.active();
   endSelection();
   revealHidden(c_);
@@ -251,6 +253,7 @@ void ObjectClipboard::remove() {
 
 void ObjectClipboard::moveToPage(int page) {
   if (page < 0 || page >= kPages) return;
+  finishCarried(c_);
   const std::vector<ObjectRef> objects = selectedObjects(c_.state, c_.document);
   for (const ObjectRef object : objects) setPage(c_.document, object, page);
   if (!finish(c_, "move of " + shortName(objects) + " to page " + std::to_string(page + 1))) return;

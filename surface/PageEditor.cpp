@@ -180,6 +180,14 @@ void PageEditor::mouseUp(const MouseEvent& event) {
     area_.mouseUp(event);
 }
 
+void PageEditor::endGesture() {
+  const PointPx at = c_.state.cur;
+  if (hold_ != Hold::nothing)
+    release(at);
+  else if (area_.active())
+    area_.mouseUp({kLeft, 0, at.x, at.y});
+}
+
 void PageEditor::release(PointPx point) {
   if (hold_ == Hold::carried && !carriedObject()) return letGo();
   if (!c_.state.locked && !same(point, c_.state.cur)) drag(point);
@@ -197,7 +205,7 @@ void PageEditor::putDown(ObjectRef object) {
   c_.state.multiSel.clear();
   c_.state.lineEndsShown = object.kind == ObjectKind::Line;
   moved(object);
-  finish(c_, "placing of " + shortName(object), "place " + shortName(object));
+  finish(c_, "placing of " + shortName(object), placingKey(object));
   c_.view.overlayChanged();
   afterRelease(object);
 }

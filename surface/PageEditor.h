@@ -28,6 +28,11 @@ class PageEditor {
   // down, Escape gives up what is under way, else the selection; F2 types the selected label. True when the
   // key was used.
   bool keyDown(const KeyEvent& event);
+  // Releases what the mouse holds where it is; a carried object that is not pressed stays in hand. To be
+  // called before commands, which may take away the held object or give it another number.
+  void endGesture();
+  // Forgets what the mouse holds: another project stands in the document.
+  void letGo();
 
   // Selects an object as a press on it does; the panel fills.
   void selectObject(ObjectRef object);
@@ -51,7 +56,6 @@ class PageEditor {
   void pressRight(PointPx point, ItemRef hit);
   void pressLine(ObjectRef line, LineEnd end, PointPx grip);
   void hold(Hold what, ObjectRef object);
-  void letGo();
   std::optional<ObjectRef> objectAt(PointPx point, ItemRef hit) const;
   std::optional<ObjectRef> carriedObject() const;
 

@@ -1,7 +1,6 @@
 // The keyboard, the direction pad, the selection as such, and labels that are typed in place.
 #include <algorithm>
 #include <cmath>
-#include <string_view>
 
 #include "surface/Carrying.h"
 #include "surface/ObjectPlaces.h"
@@ -14,8 +13,7 @@ namespace plinth {
 namespace {
 
 constexpr int kEnter = 13, kEscape = 27, kLeftKey = 37, kUpKey = 38, kRightKey = 39, kDownKey = 40, kF2 = 113;
-constexpr std::string_view kPlacing = "placing of ";  // begins the words of every tool's step
-constexpr int kFarStep = 10;                          // pixels without a grid
+constexpr int kFarStep = 10;  // pixels without a grid
 
 // Where an edge comes by a step of an arrow key: it stops at the page's sides and starts from within only.
 int stepped(int edge, int by, int side) {
@@ -123,15 +121,19 @@ bool PageEditor::escape() {
   return true;
 }
 
-// The object in hand goes as if it had never been placed; one that was there before is put aside.
+// The object in hand goes as if it had never been placed. One with a slot of its own goes back to where it
+// was; one that something was done to since is put aside.
 bool PageEditor::giveUpCarried() {
   const auto carried = carriedObject();
   if (!carried) return false;
   letGo();
-  if (c_.history.undoWords().starts_with(kPlacing)) {
+  const bool ownSlot = carried->index < kindInfo(carried->kind).firstIndex;
+  if (ownSlot) finishCarried(c_);
+  if (c_.history.mergesWith(placingKey(*carried))) {
     c_.history.undo(c_.document);
+    c_.state.hidden.clear();  // what its placing put aside
     c_.view.documentChanged();
-  } else {
+  } else if (!ownSlot) {
     hideObject(c_, *carried);
     finish(c_, "putting aside of " + shortName(*carried));
   }

@@ -109,6 +109,7 @@ void Placement::place(Tool tool) {
 
 // Whatever went on ends: the area selection, typing in a label. The step to come is one of its own.
 void Placement::begin() {
+  finishCarried(c_);
   if (c_.state.userSelVisible || c_.state.selKind == kSelArea) AreaSelection(c_).leave();
   if (c_.state.editedTitle >= 0) {
     c_.state.editedTitle = -1;
@@ -217,7 +218,7 @@ void Placement::hand(ObjectRef object, const std::string& words) {
   c_.state.placePhase = PlacePhase::none;
   c_.view.objectsChanged();
   c_.view.selectionChanged();
-  finish(c_, words, "place " + shortName(object));
+  finish(c_, words, placingKey(object));
 }
 
 }  // namespace plinth

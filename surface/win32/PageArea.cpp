@@ -152,8 +152,7 @@ LRESULT PageArea::handleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
       released(2, lParam);
       return 0;
     case WM_LBUTTONDBLCLK:
-      // A quick second press is a press like others while an object is carried.
-      surface_.inGesture() ? pressed(1, lParam) : surface_.doubleClick(mouse(1, lParam));
+      pressedTwice(lParam);
       return 0;
     case WM_MOUSEMOVE:
       pointerMoved(wParam, lParam);
@@ -175,13 +174,24 @@ MouseEvent PageArea::mouse(int button, LPARAM lParam) const {
           static_cast<int>(std::floor(GET_Y_LPARAM(lParam) / scale_))};
 }
 
-void PageArea::pressed(int button, LPARAM lParam) {
+bool PageArea::hold(int button, LPARAM lParam) {
   ::SetFocus(window_);
-  if (button_ != 0) return;  // one button at a time
+  if (button_ != 0) return false;
   button_ = button;
   last_ = mouse(button, lParam);
   ::SetCapture(window_);
-  surface_.mouseDown(last_);
+  return true;
+}
+
+void PageArea::pressed(int button, LPARAM lParam) {
+  if (hold(button, lParam)) surface_.mouseDown(last_);
+}
+
+// A quick second press is a press like others while an object is carried. Any of them may begin a gesture, so
+// its release has to come here, too.
+void PageArea::pressedTwice(LPARAM lParam) {
+  if (surface_.inGesture()) return pressed(1, lParam);
+  if (hold(1, lParam)) surface_.doubleClick(last_);
 }
 
 void PageArea::released(int button, LPARAM lParam) {

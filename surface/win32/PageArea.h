@@ -52,7 +52,9 @@ class PageArea {
   void setBar(HWND bar, const ScrollAxis& axis);
   void scroll(HWND bar);
   void wheel(WPARAM wParam);
+  bool hold(int button, LPARAM lParam);  // false while another button is held: one at a time
   void pressed(int button, LPARAM lParam);
+  void pressedTwice(LPARAM lParam);
   void released(int button, LPARAM lParam);
   void lostCapture();
   void pointerMoved(WPARAM wParam, LPARAM lParam);

@@ -9,10 +9,11 @@ class FakeClipboard : public Clipboard {
  public:
   std::string text(int) const override { return content; }
   bool setText(std::string_view text, int) override {
-    content = text;
-    return true;
+    if (!held) content = text;
+    return !held;
   }
   std::string content;
+  bool held = false;  // by another program
 };
 
 }  // namespace plinth
