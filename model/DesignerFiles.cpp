@@ -107,8 +107,12 @@ void DesignerShell::takeDocument(ProjectDocument document, const std::string& pa
   document_ = std::move(document);
   if (document_.appIcon.empty()) document_.appIcon = defaultIcon_;  // older files have none
   document_.projectPath = path;
+  // Nobody was asked about what a save could not write.
+  if (saveBrokeOff_)
+    safety_->leave();
+  else
+    safety_->discard();
   document_.dirty = saveBrokeOff_ = false;
-  safety_->discard();
   setCaption("Rvn Plinth : " + (path.empty() ? defaultProject() : path) + " : ");
   view_.projectChanged();
 }

@@ -86,7 +86,7 @@ class DesignerShell {
   bool save();
   bool saveAs();
   // Asks about unsaved changes. True when the program may end (nothing to save, No, or saved): the safety
-  // copy is gone then, unless a save broke off.
+  // copy is gone then, unless a save broke off; so it is with New and Open.
   bool mayExit();
   // To be called now and then while no command runs, with the seconds since some start: keeps the safety
   // copy.

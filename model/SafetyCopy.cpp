@@ -46,6 +46,10 @@ bool SafetyCopy::remove(const Found& found) {
 
 void SafetyCopy::discard() {
   if (!copyPath_.empty()) (void)remove({copyPath_, ""});
+  leave();
+}
+
+void SafetyCopy::leave() {
   copyPath_.clear();
   written_.clear();
   since_.reset();

@@ -37,6 +37,8 @@ class SafetyCopy {
   bool write(const ProjectDocument& document, const PictureStore& pictures, const std::string& originalPath);
   // The project was saved, or left without saving on purpose.
   void discard();
+  // The copy stays for the next start, and the project that comes gets one of its own.
+  void leave();
 
  private:
   bool claimName();

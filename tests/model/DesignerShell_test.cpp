@@ -382,18 +382,28 @@ TEST_F(Crash, LeavesNoCopyOfWhatWasLeftOnPurpose) {
 }
 
 TEST_F(Crash, KeepsACopyOfWhatASaveCouldNotWrite) {
-  ASSERT_TRUE(shell().start(""));
-  change("One");
-  shell().document().appTitle = "Latest";
-  chooser.answers = {"/d/b.qvf", "/d/b.qvf"};
-  files.failPath = "/d/b.qvf";
-  EXPECT_FALSE(shell().save());
-  ASSERT_TRUE(shell().mayExit());
-  EXPECT_EQ(copies(), 1u);
-  shell_.reset();
-  messages.answers = {true};
-  ASSERT_TRUE(shell().start(""));
-  EXPECT_EQ(shell().document().appTitle, "Latest");
+  for (const bool another : {false, true}) {  // another project is opened before the end
+    shell_.reset();
+    ASSERT_TRUE(shell().start(""));
+    change("One");
+    shell().document().appTitle = "Latest";
+    chooser.answers = {"/d/b.qvf"};
+    files.failPath = "/d/b.qvf";
+    EXPECT_FALSE(shell().save());
+    if (another) {
+      ASSERT_TRUE(shell().newProject());
+      change("Two");
+      messages.answers = {false};
+    }
+    ASSERT_TRUE(shell().mayExit());
+    EXPECT_EQ(copies(), 1u);
+    shell_.reset();
+    messages.answers = {true};
+    ASSERT_TRUE(shell().start(""));
+    EXPECT_EQ(shell().document().appTitle, "Latest");
+    messages.answers = {false};
+    ASSERT_TRUE(shell().mayExit());
+  }
 }
 
 }  // namespace
