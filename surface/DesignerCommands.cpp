@@ -1,6 +1,7 @@
 // Menus, made of the command tables.
 #include "surface/DesignerCommands.h"
 
+#include <algorithm>
 #include <array>
 
 #include "basic/CodePage.h"
@@ -69,6 +70,23 @@ std::vector<MenuEntry> entriesOf(const DesignerController& designer, MenuPlace p
   return entries;
 }
 
+// Titles from language files may lack access keys, and then no key would open the menu.
+void giveAccessKeys(std::vector<Menu>& menus) {
+  std::string taken;
+  const auto hasKey = [](const Menu& menu) { return menu.title.find('&') != std::string::npos; };
+  for (const Menu& menu : menus)
+    if (hasKey(menu)) taken += upperAscii(menu.title).substr(menu.title.find('&') + 1, 1);
+  for (Menu& menu : menus) {
+    if (hasKey(menu)) continue;
+    const std::string letters = upperAscii(menu.title);
+    const auto free = std::ranges::find_if(
+        letters, [&](char key) { return key >= 'A' && key <= 'Z' && taken.find(key) == std::string::npos; });
+    if (free == letters.end()) continue;
+    taken += *free;
+    menu.title.insert(static_cast<std::size_t>(free - letters.begin()), 1, '&');
+  }
+}
+
 }  // namespace
 
 std::string menuText(const std::string& utf8) { return replaceAll(utf8, "&", "&&"); }
@@ -84,6 +102,7 @@ std::vector<Menu> designerMenus(const DesignerController& designer) {
                entriesOf(designer, menu.place)};
     if (!built.entries.empty()) menus.push_back(std::move(built));
   }
+  giveAccessKeys(menus);
   return menus;
 }
 

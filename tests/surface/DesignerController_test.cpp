@@ -21,6 +21,17 @@ TEST_F(DesignerControllerTest, ShowsTheProjectOfTheCommandLine) {
   EXPECT_TRUE(menu(3)[0].checked);
 }
 
+TEST_F(DesignerControllerTest, AKeyOpensEachMenu) {
+  std::string keys;
+  for (const Menu& menu : designerMenus(designer)) {
+    const std::size_t mark = menu.title.find('&');
+    ASSERT_LT(mark + 1, menu.title.size()) << menu.title;
+    EXPECT_EQ(keys.find(menu.title[mark + 1]), std::string::npos) << menu.title;
+    keys += menu.title[mark + 1];
+  }
+  EXPECT_EQ(keys, "FEAPTOLH");
+}
+
 TEST_F(DesignerControllerTest, EveryMenuEntryRunsAndKeysReachTheSameCommands) {
   int ran = 0;
   const std::function<void(const std::vector<MenuEntry>&)> runAll =
