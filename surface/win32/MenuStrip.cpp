@@ -93,6 +93,7 @@ void MenuStrip::show(const std::vector<MirroredMenu>& menus, int edited, const s
     ::SetWindowTextW(text1_, shown.c_str());
     filling_ = false;
   }
+  if (same && !begins && !ends) return;  // most steps change none of it
   layout();
   if (begins) {
     ::SetFocus(text1_);
