@@ -41,6 +41,7 @@ DesignSurface::DesignSurface(SurfaceServices services, SurfaceWindow& window)
                }},
       area_(context_),
       editor_(context_, area_),
+      toolFrame_(context_),
       placement_(context_, services_.locale,
                  [this](const std::string& path) {
                    const std::shared_ptr<Image> image = services_.images.at(path);
@@ -58,6 +59,7 @@ void DesignSurface::projectChanged() {
   const int grid = state_.gridChoice;
   const double step = state_.gridStep;
   editor_.letGo();
+  toolFrame_.letGo();
   state_ = DesignState{};
   state_.scaleUnit = unit;
   state_.gridChoice = grid;
@@ -130,7 +132,9 @@ bool DesignSurface::keyDown(const KeyEvent& event) {
   constexpr int kTab = 9;
   bool used = false;
   turn([&] {
-    if (event.key == kTab && (event.shift & ~kShift) == 0) {
+    if (toolFrame_.keyDown(event)) {
+      used = true;
+    } else if (event.key == kTab && (event.shift & ~kShift) == 0) {
       editor_.selectNext((event.shift & kShift) != 0 ? -1 : 1);
       used = true;
       if (const auto object = selectedObject(state_, services_.document))
@@ -203,7 +207,7 @@ void DesignSurface::stepTaken() {
       selectNothing(state_);
     else
       area_.show(std::vector<ObjectRef>(state_.multiSel));
-  } else if (!selectedObject(state_, services_.document)) {
+  } else if (!selectedObject(state_, services_.document) && !toolFrame_.selected()) {
     selectNothing(state_);
   }
   objectsDirty_ = selectionDirty_ = stepDirty_ = overlayDirty_ = true;
@@ -241,6 +245,10 @@ void DesignSurface::toggleLock() {
   });
 }
 
+void DesignSurface::toggleToolPanel() {
+  run([this] { toolFrame_.toggle(); });
+}
+
 void DesignSurface::tick() {
   ProjectDocument& document = services_.document;
   if (inGesture() || !isLive(document, {ObjectKind::Title, kClockTitle})) return;
@@ -254,7 +262,7 @@ void DesignSurface::tick() {
 
 std::string DesignSurface::selectionWords() const {
   const std::vector<ObjectRef> objects = selectedObjects(state_, services_.document);
-  if (objects.empty()) return "";
+  if (objects.empty()) return toolFrame_.selected() ? "tool panel" : "";
   if (objects.size() > 1) return std::to_string(objects.size()) + " objects";
   return objectName(services_.document, objects.front().kind, objects.front().index);
 }
@@ -274,10 +282,26 @@ void DesignSurface::popupMenu(PointPx page) {
 
 void DesignSurface::openProperties(ObjectRef object) { window_.objectOpened(object); }
 
-void DesignSurface::pressed(const MouseEvent& event, ItemRef hit) { editor_.mouseDown(event, hit); }
-void DesignSurface::moved(const MouseEvent& event, ItemRef hit) { editor_.mouseMove(event, hit); }
-void DesignSurface::released(const MouseEvent& event) { editor_.mouseUp(event); }
-void DesignSurface::pressedTwice(const MouseEvent& event, ItemRef hit) { editor_.doubleClick(event, hit); }
-void DesignSurface::paintOverlay(Canvas& canvas) const { editor_.paintOverlay(canvas); }
+void DesignSurface::pressed(const MouseEvent& event, ItemRef hit) {
+  if (!toolFrame_.mouseDown(event)) editor_.mouseDown(event, hit);
+}
+void DesignSurface::moved(const MouseEvent& event, ItemRef hit) {
+  if (!toolFrame_.mouseMove(event)) editor_.mouseMove(event, hit);
+}
+void DesignSurface::released(const MouseEvent& event) {
+  if (!toolFrame_.mouseUp(event)) editor_.mouseUp(event);
+}
+// The panel has nothing that a double click could open.
+void DesignSurface::pressedTwice(const MouseEvent& event, ItemRef hit) {
+  if (!toolFrame_.mouseDown(event)) editor_.doubleClick(event, hit);
+}
+
+// What the mouse can grasp is in front: the panel, or in an area the members under it.
+void DesignSurface::paintOverlay(Canvas& canvas) const {
+  const bool area = state_.selKind == kSelArea;
+  if (area) toolFrame_.paint(canvas);
+  editor_.paintOverlay(canvas);
+  if (!area) toolFrame_.paint(canvas);
+}
 
 }  // namespace plinth

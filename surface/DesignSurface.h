@@ -19,6 +19,7 @@
 #include "surface/PageSurface.h"
 #include "surface/Placement.h"
 #include "surface/PropertyPanel.h"
+#include "surface/ToolFrame.h"
 
 namespace plinth {
 
@@ -67,7 +68,10 @@ class DesignSurface : private EditorView, private PageHand {
   template <class F>
   void run(F work) {
     turn([&] {
-      if (depth_ == 1) editor_.endGesture();
+      if (depth_ == 1) {
+        editor_.endGesture();
+        toolFrame_.endGesture();
+      }
       work();
     });
   }
@@ -95,6 +99,7 @@ class DesignSurface : private EditorView, private PageHand {
   void paste();
   void remove();
   void toggleLock();
+  void toggleToolPanel();
   // The clock of a page, "h:mmam/pm"; to be called now and then.
   void tick();
 
@@ -104,6 +109,7 @@ class DesignSurface : private EditorView, private PageHand {
   const DesignState& state() const { return state_; }
   const History& history() const { return history_; }
   const PropertyPanel& panel() const { return panel_; }
+  const ToolFrame& toolFrame() const { return toolFrame_; }
   PropertyPanel& panel() { return panel_; }
   Placement& placement() { return placement_; }
   const Placement& placement() const { return placement_; }
@@ -120,7 +126,7 @@ class DesignSurface : private EditorView, private PageHand {
   // Something is selected that commands can work on.
   bool hasSelection() const { return !selectedObjects(state_, services_.document).empty(); }
   // A mouse gesture is under way, or an object is carried.
-  bool inGesture() const { return state_.placingActive || pressed_; }
+  bool inGesture() const { return state_.placingActive || pressed_ || toolFrame_.held(); }
 
  private:
   // The same for events, which may be part of a gesture.
@@ -159,6 +165,7 @@ class DesignSurface : private EditorView, private PageHand {
   DesignContext context_;
   AreaSelection area_;
   PageEditor editor_;
+  ToolFrame toolFrame_;
   Placement placement_;
   PropertyPanel panel_;
   ObjectClipboard clipboard_;

@@ -125,6 +125,8 @@ std::span<const CommandRow> pageCommands() {
 std::span<const CommandRow> optionCommands() {
   static constexpr CommandRow rows[] = {
       {Command::colorTable, options, 105, "&Color Table", "", {}, [](D& d, int) { d.showColorTable(); }},
+      {Command::toolPanel, options, 0, "Tool &Panel", "", {}, [](D& d, int) { d.surface().toggleToolPanel(); }, false, 1,
+       nullptr, nullptr, [](const D& d, int) { return d.surface().toolFrame().shown(); }},
   };
   return rows;
 }

@@ -6,6 +6,7 @@
 #include "surface/ObjectPlaces.h"
 #include "surface/ObjectsOnView.h"
 #include "surface/PageEditor.h"
+#include "surface/ToolFrame.h"
 #include "surface/Units.h"
 
 namespace plinth {
@@ -66,6 +67,7 @@ bool PageEditor::nudge(int dx, int dy, bool far) {
     area_.moveBy(dx * step, dy * step);
     return true;
   }
+  if (nudgeToolFrame(c_, dx * step, dy * step)) return true;
   if (const auto carried = carriedObject()) putDown(*carried);
   const auto object = selectedObject(c_.state, c_.document);
   if (!object) return false;
@@ -83,6 +85,7 @@ void PageEditor::pad(int dx, int dy, bool ten) {
     if (c_.state.userSelVisible) area_.moveBy(dx * step, dy * step);
     return;
   }
+  if (nudgeToolFrame(c_, dx * step, dy * step)) return;
   if (const auto carried = carriedObject()) putDown(*carried);
   const auto object = selectedObject(c_.state, c_.document);
   if (!object) return;

@@ -76,7 +76,7 @@ void PropertyPanel::writePlace(PanelId id, const std::string& text) {
   const bool across = id == PanelId::left || id == PanelId::width;
   const int pixels =
       std::clamp(pixelsOfReadout(text, c_.state.scaleUnit), 0, across ? page.width : page.height);
-  std::string whose = "the tool box field";
+  std::string whose = "the tool panel";
   if (c_.state.selKind == kSelFrame3) {
     float& side = id == PanelId::left ? c_.document.frame3Left : c_.document.frame3Top;
     side = pixelsToTwips(std::max(1, pixels));
