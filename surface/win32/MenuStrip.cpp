@@ -15,7 +15,7 @@ namespace plinth {
 namespace {
 
 constexpr const wchar_t* kClass = L"PlinthMenuStrip";
-constexpr int kMargin = 6, kPadding = 10, kBox = 24, kBoxWidth = 190, kDoneWidth = 54;
+constexpr int kMargin = 6, kPadding = 10, kBox = 24, kBoxWidth = 190, kDoneWidth = 54, kBoxPadding = 6;
 // Ids of the popup's entries; 0 is what the system returns for none.
 constexpr int kFirstEntry = 1;
 
@@ -68,14 +68,14 @@ MenuStrip::~MenuStrip() {
   ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
 }
 
-int MenuStrip::widthOf(const std::wstring& text) const {
+SIZE MenuStrip::extentOf(const std::wstring& text) const {
   const HDC dc = ::GetDC(window_);
   const HGDIOBJ before = ::SelectObject(dc, style_.font.get());
   RECT area{};
   ::DrawTextW(dc, text.c_str(), -1, &area, DT_CALCRECT | DT_SINGLELINE);
   ::SelectObject(dc, before);
   ::ReleaseDC(window_, dc);
-  return area.right;
+  return {area.right, area.bottom};
 }
 
 void MenuStrip::show(const std::vector<MirroredMenu>& menus, int edited, const std::string& words,
@@ -103,16 +103,17 @@ void MenuStrip::show(const std::vector<MirroredMenu>& menus, int edited, const s
   ::InvalidateRect(window_, nullptr, FALSE);
 }
 
+// The menus are always the same; only their words change.
 void MenuStrip::makeTitles() {
-  titles_.clear();
-  while (const HWND old = ::FindWindowExW(window_, nullptr, L"BUTTON", nullptr)) {
-    if (old == done_->window()) break;
-    ::DestroyWindow(old);
+  for (std::size_t i = 0; i < menus_.size(); ++i) {
+    const std::wstring text = titleText(menus_[i].title, codePage_);
+    if (i < titles_.size())
+      ::SetWindowTextW(titles_[i]->window(), text.c_str());
+    else
+      titles_.push_back(std::make_unique<FlatButton>(window_, kFirstTitle + static_cast<int>(i),
+                                                     FlatLook::push, text.c_str(), WS_VISIBLE | WS_TABSTOP,
+                                                     style_));
   }
-  for (std::size_t i = 0; i < menus_.size(); ++i)
-    titles_.push_back(std::make_unique<FlatButton>(window_, kFirstTitle + static_cast<int>(i), FlatLook::push,
-                                                   titleText(menus_[i].title, codePage_).c_str(),
-                                                   WS_VISIBLE | WS_TABSTOP, style_));
 }
 
 void MenuStrip::layout() {
@@ -121,14 +122,17 @@ void MenuStrip::layout() {
   const int top = style_.px((kHeight - kBox) / 2), high = style_.px(kBox);
   int x = style_.px(kMargin);
   for (std::size_t i = 0; i < titles_.size(); ++i) {
-    const int wide = widthOf(titleText(menus_[i].title, codePage_)) + style_.px(2 * kPadding);
+    const int wide = extentOf(titleText(menus_[i].title, codePage_)).cx + style_.px(2 * kPadding);
     ::MoveWindow(titles_[i]->window(), x, top, wide, high, TRUE);
     x += wide + style_.px(2);
   }
   const bool editing = edited_ >= 0;
   const int doneLeft = client.right - style_.px(kMargin + kDoneWidth);
   ::MoveWindow(done_->window(), doneLeft, top, style_.px(kDoneWidth), high, TRUE);
-  ::MoveWindow(text1_, doneLeft - style_.px(kBoxWidth + kMargin), top, style_.px(kBoxWidth), high, TRUE);
+  // A box of one line keeps its text at the top: it is as high as that, in the middle beside the button.
+  const int line = static_cast<int>(extentOf(L"Xg").cy) + style_.px(kBoxPadding);
+  ::MoveWindow(text1_, doneLeft - style_.px(kBoxWidth + kMargin), top + (high - line) / 2,
+               style_.px(kBoxWidth), line, TRUE);
   ::ShowWindow(done_->window(), editing ? SW_SHOWNA : SW_HIDE);
   ::ShowWindow(text1_, editing ? SW_SHOWNA : SW_HIDE);
 }

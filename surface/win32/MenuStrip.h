@@ -47,7 +47,7 @@ class MenuStrip {
   void layout();
   void popup(std::size_t menu);
   void paint();
-  int widthOf(const std::wstring& text) const;
+  SIZE extentOf(const std::wstring& text) const;
 
   HWND window_ = nullptr, text1_ = nullptr, tips_ = nullptr;
   MenuStripEvents events_;
