@@ -160,9 +160,7 @@ void DesignSurface::pad(int dx, int dy, bool ten) {
 }
 
 void DesignSurface::chooseColorFor(PanelId id) {
-  state_.colorTarget = id == PanelId::color1   ? ColorTarget::textColor
-                       : id == PanelId::color2 ? ColorTarget::backColor
-                                               : ColorTarget::borderColor;
+  panel_.write(id, "");
   colors_.chooseColor(panel_.control(id).color);
 }
 
@@ -251,7 +249,8 @@ void DesignSurface::toggleToolPanel() {
 
 void DesignSurface::tick() {
   ProjectDocument& document = services_.document;
-  if (inGesture() || !isLive(document, {ObjectKind::Title, kClockTitle})) return;
+  // Time goes on while a message box stands in the middle of a step.
+  if (depth_ > 0 || inGesture() || !isLive(document, {ObjectKind::Title, kClockTitle})) return;
   std::string& caption = document.titles[kClockTitle].caption;
   const std::string now = clockText(services_.clock.now());
   if (caption == now) return;

@@ -306,6 +306,10 @@ LRESULT ColorTableWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
       hide();
       return 0;
+    case WM_SHOWWINDOW:
+      // Once the main window was minimised the table stays away until it is asked for.
+      if (lParam == SW_PARENTOPENING) return 0;
+      break;
     case 0x02E0: {  // WM_DPICHANGED
       const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
       ::SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,

@@ -157,6 +157,33 @@ TEST_F(DesignerWindows, DialogsAreLeftByEnterAndEscAndShowWhatTheyKnow) {
   EXPECT_FALSE(dialogs.run(aboutDialog("2.0", labels)));
 }
 
+TEST_F(DesignerWindows, UndoTakesBackTheWordsOfTheMenusOnView) {
+  constexpr int kFileMenu = 19;
+  const HWND strip = ::GetDlgItem(frame.window(), DesignerFrame::kMenuStripId);
+  const auto title = [strip] { return textOf(::GetDlgItem(strip, MenuStrip::kFirstTitle)); };
+  const std::wstring before = title();
+  frame.designer().beginWords(kFileMenu);
+  frame.designer().changeWords("Cards");
+  frame.designer().endWords();
+  EXPECT_EQ(title(), L"Cards");
+  command(Command::undo);
+  EXPECT_EQ(title(), before);
+}
+
+TEST_F(DesignerWindows, TheColorTableStaysAwayOnceTheWindowWasMinimised) {
+  command(Command::colorTable);
+  const HWND table = ::FindWindowW(L"PlinthColorTable", nullptr);
+  ASSERT_TRUE(::IsWindowVisible(table));
+  ::ShowWindow(frame.window(), SW_SHOWMINNOACTIVE);
+  ::ShowWindow(frame.window(), SW_SHOWNOACTIVATE);
+  pump();
+  EXPECT_FALSE(::IsWindowVisible(table));
+  command(Command::colorTable);
+  EXPECT_TRUE(::IsWindowVisible(table));
+  ::SendMessageW(frame.window(), WM_CLOSE, 0, 0);
+  EXPECT_NE(settings.get("Settings", "ConfigLeft", "none"), "none");
+}
+
 TEST_F(DesignerWindows, ClosingAsksAboutChangesAndKeepsTheWindowsPlace) {
   frame.designer().shell().changed();
   messages.answers = {true, false};
