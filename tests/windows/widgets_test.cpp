@@ -181,6 +181,12 @@ TEST_F(Widgets, AHeldBarRunsByItsTimerAndEscGivesADragUp) {
   EXPECT_NE(::GetCapture(), bar);
 }
 
+TEST_F(Widgets, SmallTurnsOfAFineWheelAddUpInABar) {
+  const HWND bar = make(kRealvScrollClass, 5, {0, 0, 17, 200});
+  for (int i = 0; i < 12; ++i) send(bar, WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA / 12));
+  EXPECT_EQ(send(bar, SBM_GETPOS), 3);
+}
+
 TEST_F(Widgets, AComboInItsBorderIsAComboBox) {
   const HWND combo = make(kComboBorderClass, 21, {10, 10, 160, 36}, kTabStop | CBS_DROPDOWN, L"first");
   EXPECT_EQ(shown(combo), L"first");
