@@ -47,6 +47,7 @@ class Window {
   double scale_ = 1;
   FontHandle font_;
   bool filling_ = false;
+  int wheelRest_ = 0;
 };
 
 HWND Window::add(const wchar_t* type, const wchar_t* text, DWORD style, int id, int x, int y, int wide,
@@ -112,7 +113,8 @@ void Window::command(int id, int notice) {
   if (id == kByNumber) labels_.orderByNumber();
   if (id == kByText) labels_.orderByText();
   if (id == kByNumber || id == kByText) fill();
-  if (id == kFindNext) find();
+  const bool enterInFind = id == IDOK && ::GetFocus() == ::GetDlgItem(window_, kFind);
+  if (id == kFindNext || enterInFind) find();
   if (id == IDCANCEL) ::SendMessageW(window_, WM_CLOSE, 0, 0);
 }
 
@@ -131,7 +133,9 @@ LRESULT Window::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       fill();
       return 0;
     case WM_MOUSEWHEEL:
-      labels_.scrollTo(labels_.first() - GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA * 3);
+      wheelRest_ += GET_WHEEL_DELTA_WPARAM(wParam) * 3;
+      labels_.scrollTo(labels_.first() - wheelRest_ / WHEEL_DELTA);
+      wheelRest_ %= WHEEL_DELTA;  // fine wheels send small parts
       fill();
       return 0;
     default:

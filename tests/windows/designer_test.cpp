@@ -157,6 +157,30 @@ TEST_F(DesignerWindows, DialogsAreLeftByEnterAndEscAndShowWhatTheyKnow) {
   EXPECT_FALSE(dialogs.run(aboutDialog("2.0", labels)));
 }
 
+TEST_F(DesignerWindows, CommonLabelsAreFoundByEnterAndReachTheProject) {
+  static int step, number;
+  step = number = 0;
+  ::SetTimer(nullptr, 0, 30, [](HWND, UINT, UINT_PTR timer, DWORD) {
+    constexpr int kNoText = 100, kTextE = 120, kFind = 143;
+    const HWND window = ::FindWindowW(L"PlinthCommonLabels", nullptr);
+    if (!window) return;
+    if (step++ == 0) {
+      ::SetDlgItemTextW(window, kFind, L"ready.");
+      ::SetFocus(::GetDlgItem(window, kFind));
+      ::PostMessageW(::GetDlgItem(window, kFind), WM_KEYDOWN, VK_RETURN, 1);
+      return;
+    }
+    ::KillTimer(nullptr, timer);
+    number = static_cast<int>(::GetDlgItemInt(window, kNoText, nullptr, FALSE));
+    ::SetDlgItemTextW(window, kTextE, L"Done.");
+    ::SendMessageW(window, WM_CLOSE, 0, 0);
+  });
+  command(Command::commonLabels);
+  EXPECT_EQ(number, 180);
+  EXPECT_EQ(document().menuText[0], "Done.");
+  EXPECT_TRUE(::IsWindowEnabled(frame.window()));
+}
+
 TEST_F(DesignerWindows, UndoTakesBackTheWordsOfTheMenusOnView) {
   constexpr int kFileMenu = 19;
   const HWND strip = ::GetDlgItem(frame.window(), DesignerFrame::kMenuStripId);
