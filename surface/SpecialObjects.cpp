@@ -46,7 +46,12 @@ ObjectRef Placement::showSlot(ObjectRef object) {
   row.page = static_cast<std::int16_t>(c_.state.currentPage);
   row.visible = true;
   std::erase(c_.state.hidden, object);
-  if (vacant) moveTo(c_.document, object, startCorner());
+  if (vacant) {
+    PointPx corner = startCorner();
+    if (object.index == kHelpBar)
+      corner.y += kRowDistance;  // the clock is not carried away from there either
+    moveTo(c_.document, object, corner);
+  }
   return object;
 }
 

@@ -235,6 +235,13 @@ void PageArea::paint() {
   const int right = static_cast<int>(area.right / scale_) + 2,
             bottom = static_cast<int>(area.bottom / scale_) + 2;
   surface_.page().paint(canvas, {left, top, right - left, bottom - top});
+  if (!::IsWindowVisible(vertical_) || !::IsWindowVisible(horizontal_)) return;
+  RECT corner;  // between the two bars, where neither paints
+  ::GetClientRect(window_, &corner);
+  corner.left = corner.right - px(kBarWidth);
+  corner.top = corner.bottom - px(kBarWidth);
+  ::SetDCBrushColor(paint.dc(), static_cast<COLORREF>(ground_));
+  ::FillRect(paint.dc(), &corner, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
 }
 
 void PageArea::invalidate(const RectPx& area) {
@@ -276,6 +283,7 @@ void PageArea::scaleChanged() {
 }
 
 void PageArea::setColors(const ChromeColors& colors) {
+  ground_ = colors.ground;
   for (const HWND bar : {vertical_, horizontal_}) {
     ::SendMessageW(bar, kWidgetSetBackColor, 0, colors.ground);
     ::SendMessageW(bar, kWidgetSetForeColor, 0, colors.quiet);

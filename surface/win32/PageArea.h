@@ -66,6 +66,7 @@ class PageArea {
   DesignSurface& surface_;
   KeyHandler keys_;
   double scale_ = 1;
+  std::int32_t ground_ = 0xFFFFFF;
   int wheelRest_ = 0, button_ = 0, codePage_ = 1252;
   int editedTitle_ = -1;
   FontCache labelFonts_;

@@ -17,7 +17,8 @@ namespace plinth {
 namespace {
 
 constexpr const wchar_t* kClass = L"PlinthToolbox";
-constexpr int kButton = 32, kMargin = 6, kGap = 2, kGroupGap = 10, kIcon = 20;
+constexpr int kButton = 32, kLeastButton = 20, kMargin = 6, kGap = 2, kGroupGap = 10;
+constexpr int kIcon = 20, kIconMargin = 4;
 constexpr int kRampSteps = 30;
 
 void registerClass(WNDPROC procedure) {
@@ -33,11 +34,12 @@ void registerClass(WNDPROC procedure) {
 template <class Picture>
 FlatButton::Glyph glyphOf(const ChromeStyle& style, Picture picture) {
   return [&style, picture](HDC dc, const RECT& rect, std::int32_t ink) {
-    const int side = style.px(kIcon);
+    const int room = static_cast<int>((rect.bottom - rect.top) / style.scale);
+    const int icon = std::min(kIcon, room - kIconMargin), side = style.px(icon);
     const PointPx corner{static_cast<int>(rect.left + rect.right - side) / 2,
                          static_cast<int>(rect.top + rect.bottom - side) / 2};
     GdiCanvas canvas(dc, style.scale, corner);
-    paintToolIcon(canvas, {0, 0, kIcon, kIcon}, picture(), ink, ink != style.colors.disabled);
+    paintToolIcon(canvas, {0, 0, icon, icon}, picture(), ink, ink != style.colors.disabled);
   };
 }
 
@@ -96,16 +98,27 @@ void ToolboxWindow::makeButtons() {
 
 int ToolboxWindow::width() const { return style_.px(kButton + 2 * kMargin); }
 
+// Low windows get smaller buttons, so that none is out of reach.
 void ToolboxWindow::layout() {
-  int y = kMargin;
   const bool locked = surface_.state().locked;
+  int count = 0, gaps = 2 * kMargin;
+  for (const Button& each : buttons_) {
+    if (each.tool && locked) continue;
+    ++count;
+    gaps += each.gap;
+  }
+  RECT client;
+  ::GetClientRect(window_, &client);
+  const int room = static_cast<int>(client.bottom / style_.scale) - gaps;
+  const int side = std::clamp(room / std::max(1, count), kLeastButton, kButton);
+  const int x = kMargin + (kButton - side) / 2;
+  int y = kMargin;
   for (const Button& each : buttons_) {
     const bool shown = !each.tool || !locked;
     if (shown) {
       y += each.gap;
-      ::MoveWindow(each.button->window(), style_.px(kMargin), style_.px(y), style_.px(kButton),
-                   style_.px(kButton), TRUE);
-      y += kButton;
+      ::MoveWindow(each.button->window(), style_.px(x), style_.px(y), style_.px(side), style_.px(side), TRUE);
+      y += side;
     }
     ::ShowWindow(each.button->window(), shown ? SW_SHOWNA : SW_HIDE);
   }
@@ -231,6 +244,10 @@ LRESULT ToolboxWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_ERASEBKGND:
       return 1;
+    case WM_SIZE:
+      layout();
+      ::InvalidateRect(window_, nullptr, FALSE);
+      return 0;
     case WM_COMMAND:
       if (HIWORD(wParam) != BN_CLICKED) return 0;
       for (const Button& each : buttons_)
