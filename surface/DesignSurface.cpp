@@ -55,15 +55,16 @@ DesignSurface::DesignSurface(SurfaceServices services, SurfaceWindow& window)
       page_(services_.document, state_, services_.images, services_.measure, window, *this) {}
 
 void DesignSurface::projectChanged() {
-  const ScaleUnit unit = state_.scaleUnit;
-  const int grid = state_.gridChoice;
-  const double step = state_.gridStep;
   editor_.letGo();
   toolFrame_.letGo();
-  state_ = DesignState{};
-  state_.scaleUnit = unit;
-  state_.gridChoice = grid;
-  state_.gridStep = step;
+  // What belongs to the person or to the clipboard stays.
+  DesignState fresh;
+  fresh.scaleUnit = state_.scaleUnit;
+  fresh.gridChoice = state_.gridChoice;
+  fresh.gridStep = state_.gridStep;
+  fresh.scrollXAtCopy = state_.scrollXAtCopy;
+  fresh.scrollYAtCopy = state_.scrollYAtCopy;
+  state_ = std::move(fresh);
   history_.start(services_.document);
   run([this] { objectsDirty_ = selectionDirty_ = labelDirty_ = pageDirty_ = stepDirty_ = true; });
   page_.projectChanged();
@@ -215,8 +216,8 @@ bool DesignSurface::copy() {
   bool copied = false;
   run([&] {
     const std::string text = clipboard_.copy();
-    copied = !text.empty() &&
-             services_.clipboard.setText(text, codePageOfCharSet(services_.document.charSet));
+    copied =
+        !text.empty() && services_.clipboard.setText(text, codePageOfCharSet(services_.document.charSet));
   });
   return copied;
 }

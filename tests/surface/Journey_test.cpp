@@ -65,6 +65,21 @@ TEST_F(Journey, AnAreaGoesIntoASecondProject) {
   EXPECT_EQ(document().fieldCount(), 0);
 }
 
+TEST_F(Journey, WhatWasCopiedInViewIsPastedInView) {
+  command(static_cast<int>(Command::newProject));
+  designer.surface().page().resize({500, 300});
+  designer.surface().page().scrollTo(0, 200);
+  place(Tool::field, 100, 250);
+  command(static_cast<int>(Command::copy));
+  messages.answers = {false};
+  command(static_cast<int>(Command::newProject));
+  ASSERT_EQ(designer.surface().page().vertical().value, 0);
+  command(static_cast<int>(Command::paste));
+  const PointPx pasted = cornerOf(document(), {ObjectKind::Field, 1});
+  EXPECT_EQ(pasted.x, 112);
+  EXPECT_EQ(pasted.y, 62);
+}
+
 TEST_F(Journey, FormulasFollowADeletedField) {
   command(static_cast<int>(Command::newProject));
   for (int i = 0; i < 5; ++i) place(Tool::field, 20, 20 + 30 * i);
