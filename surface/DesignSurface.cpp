@@ -212,20 +212,18 @@ void DesignSurface::stepTaken() {
   objectsDirty_ = selectionDirty_ = stepDirty_ = overlayDirty_ = true;
 }
 
-bool DesignSurface::copy() {
-  bool copied = false;
-  run([&] {
-    const std::string text = clipboard_.copy();
-    copied =
-        !text.empty() && services_.clipboard.setText(text, codePageOfCharSet(services_.document.charSet));
-  });
-  return copied;
+bool DesignSurface::keepOnClipboard(const std::string& text) {
+  return !text.empty() && services_.clipboard.setText(text, codePageOfCharSet(services_.document.charSet));
+}
+
+void DesignSurface::copy() {
+  run([this] { keepOnClipboard(clipboard_.copy()); });
 }
 
 // What another program's hold of the clipboard kept from being copied stays.
 void DesignSurface::cut() {
   run([this] {
-    if (copy()) clipboard_.remove();
+    if (keepOnClipboard(clipboard_.selectionText())) clipboard_.remove();
   });
 }
 

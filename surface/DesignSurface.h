@@ -94,7 +94,7 @@ class DesignSurface : private EditorView, private PageHand {
 
   void undo();
   void redo();
-  bool copy();  // false when nothing is selected or the clipboard could not be had
+  void copy();
   void cut();
   void paste();
   void remove();
@@ -136,6 +136,7 @@ class DesignSurface : private EditorView, private PageHand {
     work();
     if (--depth_ == 0) tell();
   }
+  bool keepOnClipboard(const std::string& text);  // false for no text, or when the clipboard is held
   void tell();
   void stepTaken();
 

@@ -196,13 +196,17 @@ PasteResult pasteObjects(ProjectDocument& document, std::string_view text, int p
 }
 
 std::string ObjectClipboard::copy() {
-  const PointPx scroll = c_.scroll();
-  c_.state.scrollXAtCopy = std::abs(scroll.x);
-  c_.state.scrollYAtCopy = std::abs(scroll.y);
   if (area_.active()) {
     area_.collect();
     c_.view.selectionChanged();
   }
+  return selectionText();
+}
+
+std::string ObjectClipboard::selectionText() {
+  const PointPx scroll = c_.scroll();
+  c_.state.scrollXAtCopy = std::abs(scroll.x);
+  c_.state.scrollYAtCopy = std::abs(scroll.y);
   const std::vector<ObjectRef> objects = selectedObjects(c_.state, c_.document);
   return objects.empty() ? "" : clipboardText(c_.document, objects, c_.measure);
 }

@@ -34,6 +34,8 @@ class ObjectClipboard {
   // The text of the selection, "" when nothing is selected; the caller puts it on the system's clipboard. An
   // area takes what lies inside its rectangle now. Remembers where the page was scrolled to.
   std::string copy();
+  // The same for Cut, which must not remove more than what is outlined: an area is not collected anew.
+  std::string selectionText();
   // Puts the objects of a text on the page on view, 10 pixels down and right of where they were, and selects
   // them.
   void paste(std::string_view text);

@@ -215,13 +215,15 @@ PageItems pageItems(const ProjectDocument& document, int page, PageImages& image
       {CheckBox, 0}, {Button, 0}, {Script, 1}};
   const Builder builder{document, images, measure};
   PageItems items;
-  for (const auto& [kind, first] : kBackToFront)
+  for (const auto& level : kBackToFront) {
+    const ObjectKind kind = level.first;
     visitTable(document, kind, [&](const auto& rows) {
-      for (int i = first; i < static_cast<int>(rows.size()); ++i) {
+      for (int i = level.second; i < static_cast<int>(rows.size()); ++i) {
         const auto& row = rows[static_cast<std::size_t>(i)];
         if (showsAt(row, kind, i, page)) items.push_back({itemRef({kind, i}), builder.shapeOf(row)});
       }
     });
+  }
   return items;
 }
 

@@ -2,11 +2,11 @@
 #include "surface/ToolFrame.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "widgets/PagePainter.h"
 #include "widgets/PagePlaces.h"
+#include "widgets/RecordPanelPlaces.h"
 
 namespace plinth {
 
@@ -15,24 +15,12 @@ namespace {
 constexpr int kLeft = 1, kEscape = 27;
 constexpr int kLeast = 1;             // of left and top
 constexpr PointPx kHiddenAt{2, 184};  // as new projects have it
-constexpr SizePx kSize{317, 26};      // as finished applications show it at 96 dpi
-constexpr int kButtonWide = 25, kBoxHigh = 20;
-constexpr int kBoxLeft = 81, kBoxWide = 64, kCountLeft = kBoxLeft + kBoxWide + 4, kCountWide = 50;
+constexpr int kBoxHigh = 20;
+constexpr int kCountLeft = kRecordPanelBoxLeft + kRecordPanelBoxWidth + 4,
+              kCountWide = kRecordPanelCountWidth - 4;
 constexpr int kGripReach = 4;  // pixels around the left top corner
 constexpr std::int32_t kFace = 0xF5F5F5, kIcon = 0x804000, kEdge = 0x7A7A7A, kInk = 0x404040,
                        kLight = 0xFFFFFF, kAccent = 0xD77800, kLockedInk = 0x808080;
-
-struct PanelButton {
-  ButtonIcon icon;
-  int left;
-};
-constexpr auto kButtons = std::to_array<PanelButton>({{ButtonIcon::first, 0},
-                                                      {ButtonIcon::fastBack, 27},
-                                                      {ButtonIcon::back, 54},
-                                                      {ButtonIcon::next, 203},
-                                                      {ButtonIcon::fastNext, 230},
-                                                      {ButtonIcon::last, 257},
-                                                      {ButtonIcon::newRecord, 292}});
 
 RectPx gripOf(const RectPx& panel) {
   return {panel.left - kGripReach, panel.top - kGripReach, 2 * kGripReach + 1, 2 * kGripReach + 1};
@@ -69,7 +57,7 @@ void selectFrame(DesignContext& c) {
 bool toolFrameShown(const ProjectDocument& document) { return document.options.check5 == 1; }
 
 RectPx toolFramePlace(const ProjectDocument& document) {
-  return {placePx(document.frame3Left), placePx(document.frame3Top), kSize.width, kSize.height};
+  return {placePx(document.frame3Left), placePx(document.frame3Top), kRecordPanelWidth, kRecordPanelHeight};
 }
 
 bool nudgeToolFrame(DesignContext& c, int dx, int dy) {
@@ -180,16 +168,17 @@ void ToolFrame::paint(Canvas& canvas) const {
   constexpr Pen kNone{LineStyle::none, 1, 0};
   const RectPx panel = toolFramePlace(c_.document);
   canvas.box(panel, kNone, {.color = kFace});
-  for (const PanelButton& button : kButtons) {
+  for (const RecordPanelButton& button : kRecordPanelButtons) {
     ButtonItem look;
-    look.rect = {panel.left + button.left, panel.top, kButtonWide, panel.height};
+    look.rect = {panel.left + button.left, panel.top, kRecordPanelButton, panel.height};
     look.foreColor = kIcon;
     look.backColor = kFace;
     look.icon = button.icon;
     paintItem(look, canvas);
   }
   const FontSpec font{.charSet = 0};
-  const RectPx box{panel.left + kBoxLeft, panel.top + (panel.height - kBoxHigh) / 2, kBoxWide, kBoxHigh};
+  const RectPx box{panel.left + kRecordPanelBoxLeft, panel.top + (panel.height - kBoxHigh) / 2,
+                   kRecordPanelBoxWidth, kBoxHigh};
   canvas.box(box, {LineStyle::solid, 1, kEdge}, {.color = kLight});
   canvas.text(box, "1", font, kInk, TextAlign::center, false, true);
   canvas.text({panel.left + kCountLeft, panel.top, kCountWide, panel.height}, "/ 1", font, kInk,

@@ -7,31 +7,30 @@
 #include "platform/win32/GdiBitmap.h"
 #include "platform/win32/Win32Text.h"
 #include "widgets/PagePainter.h"
+#include "widgets/RecordPanelPlaces.h"
 
 namespace plinth {
 namespace {
 
-constexpr int kButton = 25, kHigh = 26, kBoxWide = 64, kCountWide = 54, kGap = 2, kNewGap = 8;
+constexpr int kWide = kRecordPanelWidth, kHigh = kRecordPanelHeight, kBoxLeft = kRecordPanelBoxLeft,
+              kBoxWide = kRecordPanelBoxWidth, kCountWide = kRecordPanelCountWidth;
 constexpr std::int32_t kFace = 0xF5F5F5;
 
 struct PanelButton {
   const wchar_t* text;
-  ButtonIcon icon;
-  int left;     // units
   int caption;  // RunCaption of the tool tip
   const char* fallback;
 };
-constexpr int kMiddle = 3 * (kButton + kGap), kAfter = kMiddle + kBoxWide + kCountWide + 2 * kGap;
+// As kRecordPanelButtons lists them.
 constexpr std::array<PanelButton, 7> kButtons{{
-    {L"<<<", ButtonIcon::first, 0, 2, "<<<"},
-    {L"<<", ButtonIcon::fastBack, kButton + kGap, 3, "<<"},
-    {L"<", ButtonIcon::back, 2 * (kButton + kGap), 4, "<"},
-    {L">", ButtonIcon::next, kAfter, 5, ">"},
-    {L">>", ButtonIcon::fastNext, kAfter + kButton + kGap, 6, ">>"},
-    {L">>>", ButtonIcon::last, kAfter + 2 * (kButton + kGap), 7, ">>>"},
-    {L"<>", ButtonIcon::newRecord, kAfter + 3 * (kButton + kGap) + kNewGap, 9, "<>"},
+    {L"<<<", 2, "<<<"},
+    {L"<<", 3, "<<"},
+    {L"<", 4, "<"},
+    {L">", 5, ">"},
+    {L">>", 6, ">>"},
+    {L">>>", 7, ">>>"},
+    {L"<>", 9, "<>"},
 }};
-constexpr int kWide = kButtons[6].left + kButton;
 const FontSpec kFont{"Arial", 9, false, false, false, 0};
 
 std::string tip(const Application& application, int caption, const char* fallback) {
@@ -70,10 +69,10 @@ void RecordPanel::place(int left, int top) {
   const auto px = [scale](int units) { return static_cast<int>(std::lround(units * scale)); };
   ::SetWindowPos(handle(), HWND_TOP, px(left), px(top), px(kWide), px(kHigh), SWP_NOACTIVATE);
   for (std::size_t i = 0; i < kButtons.size(); ++i)
-    ::SetWindowPos(buttons_[i], nullptr, px(kButtons[i].left), 0, px(kButton), px(kHigh),
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+    ::SetWindowPos(buttons_[i], nullptr, px(kRecordPanelButtons[i].left), 0, px(kRecordPanelButton),
+                   px(kHigh), SWP_NOZORDER | SWP_NOACTIVATE);
   const int line = px(20);
-  ::SetWindowPos(box_, nullptr, px(kMiddle), (px(kHigh) - line) / 2, px(kBoxWide), line,
+  ::SetWindowPos(box_, nullptr, px(kBoxLeft), (px(kHigh) - line) / 2, px(kBoxWide), line,
                  SWP_NOZORDER | SWP_NOACTIVATE);
   ::SendMessageW(box_, WM_SETFONT,
                  reinterpret_cast<WPARAM>(
@@ -114,10 +113,10 @@ void RecordPanel::drawButton(const DRAWITEMSTRUCT& item) const {
   const int index = static_cast<int>(item.CtlID) - kNavigationId;
   if (index < 0 || index >= static_cast<int>(kButtons.size())) return;
   ButtonItem look;
-  look.rect = {0, 0, kButton, kHigh};
+  look.rect = {0, 0, kRecordPanelButton, kHigh};
   look.backColor = kFace;
   look.foreColor = 0x804000;
-  look.icon = kButtons[static_cast<std::size_t>(index)].icon;
+  look.icon = kRecordPanelButtons[static_cast<std::size_t>(index)].icon;
   look.pressed = (item.itemState & ODS_SELECTED) != 0;
   look.enabled = (item.itemState & ODS_DISABLED) == 0;
   GdiCanvas canvas(item.hDC, host_.scale());
@@ -129,7 +128,7 @@ void RecordPanel::paint() {
   GdiCanvas canvas(buffer.dc(), host_.scale());
   canvas.box({0, 0, kWide, kHigh}, {LineStyle::none, 1, 0}, {FillStyle::solid, kFace, false, kFace});
   if (!host_.session().isOpen()) return;
-  canvas.text({kMiddle + kBoxWide + 4, 0, kCountWide - 4, kHigh},
+  canvas.text({kBoxLeft + kBoxWide + 4, 0, kCountWide - 4, kHigh},
               "/ " + std::to_string(host_.session().recCount()), kFont, 0x404040, TextAlign::left, false,
               true);
 }

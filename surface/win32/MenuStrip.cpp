@@ -19,15 +19,6 @@ constexpr int kMargin = 6, kPadding = 10, kBox = 24, kBoxWidth = 190, kDoneWidth
 // Ids of the popup's entries; 0 is what the system returns for none.
 constexpr int kFirstEntry = 1;
 
-void registerClass(WNDPROC procedure) {
-  WNDCLASSW type = {};
-  type.lpfnWndProc = procedure;
-  type.hInstance = ::GetModuleHandleW(nullptr);
-  type.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-  type.lpszClassName = kClass;
-  ::RegisterClassW(&type);  // fails when it is registered already
-}
-
 bool sameWords(const MenuWord& a, const MenuWord& b) { return a.id == b.id && a.caption == b.caption; }
 
 bool sameTitles(const std::vector<MirroredMenu>& a, const std::vector<MirroredMenu>& b) {
@@ -43,7 +34,7 @@ std::wstring titleText(const MenuWord& title, int codePage) {
 }  // namespace
 
 MenuStrip::MenuStrip(HWND parent, int id, MenuStripEvents events) : events_(std::move(events)) {
-  registerClass(windowProcedure<MenuStrip>);
+  registerWindowClass(kClass, windowProcedure<MenuStrip>);
   style_.scale = windowScale(parent);
   style_.colors = systemChrome();
   style_.font = messageFont(style_.scale);

@@ -17,15 +17,6 @@ namespace {
 constexpr const wchar_t* kClass = L"PlinthPad";
 constexpr int kMiddle = 4;
 
-void registerClass(WNDPROC procedure) {
-  WNDCLASSW type = {};
-  type.lpfnWndProc = procedure;
-  type.hInstance = ::GetModuleHandleW(nullptr);
-  type.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-  type.lpszClassName = kClass;
-  ::RegisterClassW(&type);  // fails when it is registered already
-}
-
 // An arrow head around the middle of a zone, pointing where the zone lies.
 void paintArrow(Canvas& canvas, const RectPx& zone, int dx, int dy, std::int32_t ink, int size, int width) {
   const PointPx middle{zone.left + zone.width / 2, zone.top + zone.height / 2};
@@ -45,7 +36,7 @@ void paintArrow(Canvas& canvas, const RectPx& zone, int dx, int dy, std::int32_t
 
 PadWindow::PadWindow(HWND parent, int id, const wchar_t* name, const ChromeStyle& chrome, Move move)
     : chrome_(chrome), move_(std::move(move)) {
-  registerClass(windowProcedure<PadWindow>);
+  registerWindowClass(kClass, windowProcedure<PadWindow>);
   window_ =
       ::CreateWindowExW(0, kClass, name, WS_CHILD | WS_TABSTOP, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ::GetModuleHandleW(nullptr), this);

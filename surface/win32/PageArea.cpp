@@ -22,15 +22,6 @@ namespace {
 constexpr const wchar_t* kClass = L"PlinthPageArea";
 constexpr int kBarWidth = 17, kScrollLine = 24, kTextMargin = 3, kTextLeast = 24;
 
-void registerClass(WNDPROC procedure) {
-  WNDCLASSW type = {};
-  type.style = CS_DBLCLKS;
-  type.lpfnWndProc = procedure;
-  type.hInstance = ::GetModuleHandleW(nullptr);
-  type.lpszClassName = kClass;
-  ::RegisterClassW(&type);  // fails when it is registered already
-}
-
 LPCSTR cursorOf(PointerShape pointer) {
   switch (pointer) {
     case PointerShape::northSouth:
@@ -66,7 +57,7 @@ unsigned shiftState() {
 
 PageArea::PageArea(HWND parent, int id, DesignSurface& surface, KeyHandler keys)
     : surface_(surface), keys_(std::move(keys)), scale_(windowScale(parent)) {
-  registerClass(windowProcedure<PageArea>);
+  registerWindowClass(kClass, windowProcedure<PageArea>, CS_DBLCLKS);
   registerWidgets(::GetModuleHandleW(nullptr));
   const auto number = [](int value) { return reinterpret_cast<HMENU>(static_cast<INT_PTR>(value)); };
   window_ = ::CreateWindowExW(0, kClass, L"Page", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0,

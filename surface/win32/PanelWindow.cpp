@@ -20,15 +20,6 @@ namespace {
 constexpr const wchar_t* kClass = L"PlinthPanel";
 constexpr int kTextInset = 6, kWheelStep = 24, kRadius = 4;
 
-void registerClass(WNDPROC procedure) {
-  WNDCLASSW type = {};
-  type.lpfnWndProc = procedure;
-  type.hInstance = ::GetModuleHandleW(nullptr);
-  type.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-  type.lpszClassName = kClass;
-  ::RegisterClassW(&type);  // fails when it is registered already
-}
-
 int brightness(std::int32_t color) {
   return ((color & 0xFF) * 3 + (color >> 8 & 0xFF) * 6 + (color >> 16 & 0xFF)) / 10;
 }
@@ -48,7 +39,7 @@ std::int32_t itemInk(std::int32_t color, const ChromeColors& colors) {
 }  // namespace
 
 PanelWindow::PanelWindow(HWND parent, int id, PanelEvents events) : events_(std::move(events)) {
-  registerClass(windowProcedure<PanelWindow>);
+  registerWindowClass(kClass, windowProcedure<PanelWindow>);
   chrome_.scale = windowScale(parent);
   makeFonts();
   window_ = ::CreateWindowExW(WS_EX_CONTROLPARENT, kClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,

@@ -21,15 +21,6 @@ constexpr int kButton = 32, kLeastButton = 20, kMargin = 6, kGap = 2, kGroupGap 
 constexpr int kIcon = 20, kIconMargin = 4;
 constexpr int kRampSteps = 30;
 
-void registerClass(WNDPROC procedure) {
-  WNDCLASSW type = {};
-  type.lpfnWndProc = procedure;
-  type.hInstance = ::GetModuleHandleW(nullptr);
-  type.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
-  type.lpszClassName = kClass;
-  ::RegisterClassW(&type);  // fails when it is registered already
-}
-
 // Paints a picture in the middle of a rectangle in device pixels.
 template <class Picture>
 FlatButton::Glyph glyphOf(const ChromeStyle& style, Picture picture) {
@@ -47,7 +38,7 @@ FlatButton::Glyph glyphOf(const ChromeStyle& style, Picture picture) {
 
 ToolboxWindow::ToolboxWindow(HWND parent, int id, const DesignSurface& surface, RunCommand run)
     : surface_(surface), run_(std::move(run)) {
-  registerClass(windowProcedure<ToolboxWindow>);
+  registerWindowClass(kClass, windowProcedure<ToolboxWindow>);
   style_.scale = windowScale(parent);
   style_.colors = systemChrome();
   style_.font = messageFont(style_.scale);

@@ -41,4 +41,14 @@ std::string windowText(HWND window, int codePage) {
 
 std::wstring wideUtf8(std::string_view utf8) { return toWide(utf8, 65001); }
 
+void registerWindowClass(const wchar_t* name, WNDPROC procedure, UINT style) {
+  WNDCLASSW type = {};
+  type.style = style;
+  type.lpfnWndProc = procedure;
+  type.hInstance = ::GetModuleHandleW(nullptr);
+  type.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
+  type.lpszClassName = name;
+  ::RegisterClassW(&type);
+}
+
 }  // namespace plinth

@@ -13,6 +13,8 @@ namespace plinth {
 double windowScale(HWND window);
 // The system's message font at a scale; bold on request.
 FontHandle messageFont(double scale, bool bold = false);
+// Registers a window class of the program with the arrow as its cursor; one that is registered already stays.
+void registerWindowClass(const wchar_t* name, WNDPROC procedure, UINT style = 0);
 // Whole text of a window in a code page.
 std::string windowText(HWND window, int codePage);
 std::wstring wideUtf8(std::string_view utf8);
