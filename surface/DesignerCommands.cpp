@@ -36,10 +36,10 @@ bool anyCommand(F visit) {
   return false;
 }
 
-std::vector<MenuEntry> entriesOf(const DesignerController& designer, MenuPlace place);
+std::vector<CommandEntry> entriesOf(const DesignerController& designer, MenuPlace place);
 
-MenuEntry entryOf(const DesignerController& designer, const CommandRow& row, int index) {
-  MenuEntry entry;
+CommandEntry entryOf(const DesignerController& designer, const CommandRow& row, int index) {
+  CommandEntry entry;
   entry.id = static_cast<int>(row.id) + index;
   entry.text = row.text ? row.text(designer, index)
                         : toUtf8(designer.text(row.label, row.english), designer.languageCodePage());
@@ -54,13 +54,13 @@ MenuEntry entryOf(const DesignerController& designer, const CommandRow& row, int
   return entry;
 }
 
-std::vector<MenuEntry> entriesOf(const DesignerController& designer, MenuPlace place) {
-  std::vector<MenuEntry> entries;
+std::vector<CommandEntry> entriesOf(const DesignerController& designer, MenuPlace place) {
+  std::vector<CommandEntry> entries;
   anyCommand([&](const CommandRow& row) {
     if (row.menu != place) return false;
     bool separate = row.separatorBefore && !entries.empty();
     for (int i = 0; i < row.count; ++i) {
-      MenuEntry entry = entryOf(designer, row, i);
+      CommandEntry entry = entryOf(designer, row, i);
       if (entry.text.empty()) continue;
       if (std::exchange(separate, false)) entries.push_back({});
       entries.push_back(std::move(entry));
@@ -106,9 +106,9 @@ std::vector<Menu> designerMenus(const DesignerController& designer) {
   return menus;
 }
 
-std::vector<MenuEntry> popupMenu(const DesignerController& designer) {
-  std::vector<MenuEntry> entries = entriesOf(designer, MenuPlace::edit);
-  std::erase_if(entries, [](const MenuEntry& entry) {
+std::vector<CommandEntry> popupMenu(const DesignerController& designer) {
+  std::vector<CommandEntry> entries = entriesOf(designer, MenuPlace::edit);
+  std::erase_if(entries, [](const CommandEntry& entry) {
     return entry.id == static_cast<int>(Command::undo) || entry.id == static_cast<int>(Command::redo);
   });
   if (!entries.empty() && entries.front().id == 0) entries.erase(entries.begin());

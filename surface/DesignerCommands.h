@@ -61,32 +61,32 @@ enum class Command : int {
   paper = 1501,        // to 1518, sizes; then portrait and landscape
   portrait = 1521,
   landscape,
-  unit = 1531,     // to 1534
-  grid = 1541,     // to 1545
-  tile = 1551,     // to 1554
+  unit = 1531,          // to 1534
+  grid = 1541,          // to 1545
+  tile = 1551,          // to 1554
   testTemplate = 1561,  // to 1570
   testScript = 1571,
   submenu = 1601,  // entries that open a menu count on from here; they run nothing
 };
 
 // Texts are UTF-8, since menus mix language texts with paths and the project's own words.
-struct MenuEntry {
+struct CommandEntry {
   int id = 0;  // 0: a separator
   std::string text;
   std::string keyText;
   bool enabled = true, checked = false;
-  std::vector<MenuEntry> entries;  // of a menu that this one opens
+  std::vector<CommandEntry> entries;  // of a menu that this one opens
 };
 
 struct Menu {
   std::string title;
-  std::vector<MenuEntry> entries;
+  std::vector<CommandEntry> entries;
 };
 
 // The menu bar as it is now.
 std::vector<Menu> designerMenus(const DesignerController& designer);
 // The menu of the right mouse button.
-std::vector<MenuEntry> popupMenu(const DesignerController& designer);
+std::vector<CommandEntry> popupMenu(const DesignerController& designer);
 // Runs a command by its id. False when there is none or it is not available now.
 bool runCommand(DesignerController& designer, int id);
 // The command of a key; 0 for none.

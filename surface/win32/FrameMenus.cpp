@@ -10,17 +10,17 @@ namespace plinth {
 
 namespace {
 
-std::wstring entryText(const MenuEntry& entry) {
+std::wstring entryText(const CommandEntry& entry) {
   return wideUtf8(entry.keyText.empty() ? entry.text : entry.text + "\t" + entry.keyText);
 }
 
-bool sameEntry(const MenuEntry& a, const MenuEntry& b) {
+bool sameEntry(const CommandEntry& a, const CommandEntry& b) {
   return a.id == b.id && a.text == b.text &&
          std::equal(a.entries.begin(), a.entries.end(), b.entries.begin(), b.entries.end(), sameEntry);
 }
 
-void refreshEntries(HMENU menu, const std::vector<MenuEntry>& entries) {
-  for (const MenuEntry& entry : entries) {
+void refreshEntries(HMENU menu, const std::vector<CommandEntry>& entries) {
+  for (const CommandEntry& entry : entries) {
     if (entry.id == 0) continue;
     if (!entry.entries.empty()) {
       refreshEntries(menu, entry.entries);
@@ -46,9 +46,9 @@ bool sameStory(const std::vector<Menu>& a, const std::vector<Menu>& b) {
   });
 }
 
-HMENU popupOf(const std::vector<MenuEntry>& entries) {
+HMENU popupOf(const std::vector<CommandEntry>& entries) {
   const HMENU popup = ::CreatePopupMenu();
-  for (const MenuEntry& entry : entries) {
+  for (const CommandEntry& entry : entries) {
     const UINT state = (entry.enabled ? MF_ENABLED : MF_GRAYED) | (entry.checked ? MF_CHECKED : MF_UNCHECKED);
     if (entry.id == 0)
       ::AppendMenuW(popup, MF_SEPARATOR, 0, nullptr);

@@ -15,7 +15,7 @@ TEST_F(DesignerControllerTest, ShowsTheProjectOfTheCommandLine) {
   EXPECT_EQ(designer.status()[2], "640 x 480 px");
   EXPECT_TRUE(dialogs.titles.empty());  // one language: nobody is asked
   bool recent = false;
-  for (const MenuEntry& entry : menu(0)) recent = recent || entry.text == "&1 /projects/contacts.qvf";
+  for (const CommandEntry& entry : menu(0)) recent = recent || entry.text == "&1 /projects/contacts.qvf";
   EXPECT_TRUE(recent);
   EXPECT_EQ(menu(3)[0].text, "&1 Contact");
   EXPECT_TRUE(menu(3)[0].checked);
@@ -34,9 +34,9 @@ TEST_F(DesignerControllerTest, AKeyOpensEachMenu) {
 
 TEST_F(DesignerControllerTest, EveryMenuEntryRunsAndKeysReachTheSameCommands) {
   int ran = 0;
-  const std::function<void(const std::vector<MenuEntry>&)> runAll =
-      [&](const std::vector<MenuEntry>& entries) {
-        for (const MenuEntry& entry : entries) {
+  const std::function<void(const std::vector<CommandEntry>&)> runAll =
+      [&](const std::vector<CommandEntry>& entries) {
+        for (const CommandEntry& entry : entries) {
           if (entry.id == 0) continue;
           EXPECT_FALSE(entry.text.empty());
           if (!entry.entries.empty())

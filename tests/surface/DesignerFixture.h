@@ -128,7 +128,7 @@ class DesignerFixture : public testing::Test {
     move(x + 200, y + 200);
   }
   void type(PanelId control, const std::string& text) { designer.surface().writePanel(control, text); }
-  std::vector<MenuEntry> menu(std::size_t index) { return designerMenus(designer).at(index).entries; }
+  std::vector<CommandEntry> menu(std::size_t index) { return designerMenus(designer).at(index).entries; }
   bool command(Command id) { return runCommand(designer, static_cast<int>(id)); }
 
   MemoryFiles files;
