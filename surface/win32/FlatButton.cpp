@@ -21,11 +21,6 @@ std::wstring textOf(HWND window) {
   return text;
 }
 
-void fill(HDC dc, const RECT& rect, std::int32_t color) {
-  const BrushHandle brush(::CreateSolidBrush(gdiColor(color)));
-  ::FillRect(dc, &rect, brush.get());
-}
-
 bool paintsByItself(UINT message) {
   switch (message) {
     case BM_SETCHECK:
@@ -49,6 +44,11 @@ bool paintsByItself(UINT message) {
 }
 
 }  // namespace
+
+void fillRect(HDC dc, const RECT& rect, std::int32_t color) {
+  const BrushHandle brush(::CreateSolidBrush(gdiColor(color)));
+  ::FillRect(dc, &rect, brush.get());
+}
 
 // In one stroke: a fill of its own under the outline would show at the corners.
 void paintBox(HDC dc, const RECT& rect, std::int32_t fill, std::int32_t edge, int edgeWidth, int radius) {
@@ -139,7 +139,7 @@ void FlatButton::paint() {
   if (!paint.dc()) return;
   RECT client;
   ::GetClientRect(window_, &client);
-  fill(paint.dc(), client, chrome_.colors.ground);
+  fillRect(paint.dc(), client, chrome_.colors.ground);
   const bool checked = ::SendMessageW(window_, BM_GETCHECK, 0, 0) == BST_CHECKED;
   const bool pressed = (::SendMessageW(window_, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
   if (look_ == FlatLook::check)

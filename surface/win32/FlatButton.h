@@ -59,6 +59,8 @@ class FlatButton {
   bool hot_ = false;
 };
 
+// A rectangle in device pixels.
+void fillRect(HDC dc, const RECT& rect, std::int32_t color);
 // A rounded box in device pixels with an outline `edgeWidth` wide.
 void paintBox(HDC dc, const RECT& rect, std::int32_t fill, std::int32_t edge, int edgeWidth, int radius);
 // Text of one line, or wrapped when told; DT_ flags.

@@ -152,14 +152,7 @@ void MenuStrip::popup(std::size_t index) {
 void MenuStrip::retext(const std::wstring& frame, const std::wstring& text1) {
   frame_ = frame;
   text1Tip_ = text1;
-  TOOLINFOW tip = {};
-  tip.cbSize = TTTOOLINFOW_V1_SIZE;
-  tip.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tip.hwnd = window_;
-  tip.uId = reinterpret_cast<UINT_PTR>(text1_);
-  tip.lpszText = text1Tip_.data();
-  ::SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
-  ::SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+  setToolTip(tips_, text1_, text1Tip_);
   ::InvalidateRect(window_, nullptr, FALSE);
 }
 
@@ -180,11 +173,8 @@ void MenuStrip::paint() {
   if (!paint.dc()) return;
   RECT client;
   ::GetClientRect(window_, &client);
-  ::SetDCBrushColor(paint.dc(), static_cast<COLORREF>(style_.colors.ground));
-  ::FillRect(paint.dc(), &client, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
-  const RECT edge{0, client.bottom - 1, client.right, client.bottom};
-  ::SetDCBrushColor(paint.dc(), static_cast<COLORREF>(style_.colors.edge));
-  ::FillRect(paint.dc(), &edge, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+  fillRect(paint.dc(), client, style_.colors.ground);
+  fillRect(paint.dc(), {0, client.bottom - 1, client.right, client.bottom}, style_.colors.edge);
   if (edited_ < 0) return;
   const int right = client.right - style_.px(kDoneWidth + kBoxWidth + 3 * kMargin);
   paintText(paint.dc(), {0, 0, right, client.bottom}, (frame_ + L" :").c_str(), style_.font.get(),

@@ -152,14 +152,7 @@ void ToolboxWindow::retext(const TextOf& text) {
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
     const HWND button = buttons_[i].button->window();
     ::SetWindowTextW(button, texts_[i].c_str());
-    TOOLINFOW tip = {};
-    tip.cbSize = TTTOOLINFOW_V1_SIZE;
-    tip.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tip.hwnd = window_;
-    tip.uId = reinterpret_cast<UINT_PTR>(button);
-    tip.lpszText = texts_[i].data();
-    ::SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
-    ::SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+    setToolTip(tips_, button, texts_[i]);
   }
 }
 
@@ -220,12 +213,9 @@ void ToolboxWindow::paint() {
       return static_cast<BYTE>(std::max(0, ((style_.colors.ground >> shift) & 0xFF) - i / 2));
     };
     const RECT band{0, client.bottom * i / kRampSteps, client.right, client.bottom * (i + 1) / kRampSteps};
-    ::SetDCBrushColor(paint.dc(), RGB(channel(0), channel(8), channel(16)));
-    ::FillRect(paint.dc(), &band, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+    fillRect(paint.dc(), band, static_cast<std::int32_t>(RGB(channel(0), channel(8), channel(16))));
   }
-  const RECT edge{client.right - 1, 0, client.right, client.bottom};
-  ::SetDCBrushColor(paint.dc(), static_cast<COLORREF>(style_.colors.edge));
-  ::FillRect(paint.dc(), &edge, static_cast<HBRUSH>(::GetStockObject(DC_BRUSH)));
+  fillRect(paint.dc(), {client.right - 1, 0, client.right, client.bottom}, style_.colors.edge);
 }
 
 LRESULT ToolboxWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {

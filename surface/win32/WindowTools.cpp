@@ -1,6 +1,8 @@
 // Newer calls are looked up, so that the program also starts where they are missing.
 #include "surface/win32/WindowTools.h"
 
+#include <commctrl.h>
+
 #include "platform/win32/Win32Text.h"
 
 namespace plinth {
@@ -49,6 +51,17 @@ void registerWindowClass(const wchar_t* name, WNDPROC procedure, UINT style) {
   type.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
   type.lpszClassName = name;
   ::RegisterClassW(&type);
+}
+
+void setToolTip(HWND tips, HWND control, std::wstring text) {
+  TOOLINFOW tip = {};
+  tip.cbSize = TTTOOLINFOW_V1_SIZE;
+  tip.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tip.hwnd = ::GetParent(control);
+  tip.uId = reinterpret_cast<UINT_PTR>(control);
+  tip.lpszText = text.data();
+  ::SendMessageW(tips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
+  ::SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tip));
 }
 
 }  // namespace plinth

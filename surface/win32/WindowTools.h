@@ -15,6 +15,8 @@ double windowScale(HWND window);
 FontHandle messageFont(double scale, bool bold = false);
 // Registers a window class of the program with the arrow as its cursor; one that is registered already stays.
 void registerWindowClass(const wchar_t* name, WNDPROC procedure, UINT style = 0);
+// The tip of a control that `tips`, a tool tip control of the same parent, shows; over an earlier one.
+void setToolTip(HWND tips, HWND control, std::wstring text);
 // Whole text of a window in a code page.
 std::string windowText(HWND window, int codePage);
 std::wstring wideUtf8(std::string_view utf8);
