@@ -151,8 +151,7 @@ void MenuStrip::popup(std::size_t index) {
 
 void MenuStrip::retext(const std::wstring& frame, const std::wstring& text1) {
   frame_ = frame;
-  text1Tip_ = text1;
-  setToolTip(tips_, text1_, text1Tip_);
+  setToolTip(tips_, text1_, text1);
   ::InvalidateRect(window_, nullptr, FALSE);
 }
 

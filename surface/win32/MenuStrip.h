@@ -55,7 +55,7 @@ class MenuStrip {
   std::vector<MirroredMenu> menus_;
   std::vector<std::unique_ptr<FlatButton>> titles_;
   std::unique_ptr<FlatButton> done_;
-  std::wstring frame_, text1Tip_;
+  std::wstring frame_;
   int edited_ = -1, codePage_ = 1252;
   bool filling_ = false;
 };

@@ -143,16 +143,11 @@ void ToolboxWindow::show() {
 }
 
 void ToolboxWindow::retext(const TextOf& text) {
-  texts_.clear();
   for (const Button& each : buttons_) {
     std::wstring name = text(each.label, each.english);
     std::erase(name, L'&');
-    texts_.push_back(std::move(name));
-  }
-  for (std::size_t i = 0; i < buttons_.size(); ++i) {
-    const HWND button = buttons_[i].button->window();
-    ::SetWindowTextW(button, texts_[i].c_str());
-    setToolTip(tips_, button, texts_[i]);
+    ::SetWindowTextW(each.button->window(), name.c_str());
+    setToolTip(tips_, each.button->window(), std::move(name));
   }
 }
 

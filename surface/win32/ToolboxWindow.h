@@ -58,7 +58,6 @@ class ToolboxWindow {
   RunCommand run_;
   ChromeStyle style_;
   std::vector<Button> buttons_;
-  std::vector<std::wstring> texts_;
 };
 
 }  // namespace plinth
