@@ -219,6 +219,76 @@ void FlatRecordStore::unlock(std::int32_t record) {
   if (file_ && slot.segment == openSeg_) static_cast<void>(file_->unlock(slot.offset, 1));
 }
 
+Result<SharedFile*> FlatRecordStore::passSegment(int segment) {
+  if (!passFile_ || segment != passSeg_) {
+    auto file = sharedFiles_.open(segmentPath(segment), readOnly_ ? OpenMode::readOnly : OpenMode::readWrite);
+    if (!file) return file.error();
+    passFile_ = std::move(*file);
+    passSeg_ = segment;
+  }
+  return passFile_.get();
+}
+
+Result<std::int32_t> FlatRecordStore::readSlots(std::int32_t first, std::span<std::uint8_t> slots) {
+  if (first < 1) return Error{ErrorKind::notFound, "There is no record " + std::to_string(first) + "."};
+  const Slot slot = slotOf(first);
+  if (slot.segment > lastSeg_) return 0;
+  const auto file = passSegment(slot.segment);
+  if (!file) return file.error();
+  const auto wide = static_cast<std::size_t>(recLen());
+  // Behind the last slot of a segment nothing is a record of its own.
+  const std::int64_t left = (static_cast<std::int64_t>(slot.segment) + 1) * segRecs_ - first + 1;
+  const std::size_t wanted =
+      std::min<std::size_t>(slots.size() / wide, static_cast<std::size_t>(left)) * wide;
+  const auto read = (*file)->read(slot.offset, slots.first(wanted));
+  if (!read) return read.error();
+  const std::size_t whole = *read / wide;
+  if (const std::uint8_t unwritten = codec_.unwrittenByte(); unwritten != 0)
+    for (std::size_t i = 0; i < whole; ++i)
+      if (const auto bytes = slots.subspan(i * wide, wide); bytes[wide - 1] == 0 && !isWritten(bytes))
+        std::fill(bytes.begin(), bytes.end(), unwritten);
+  return static_cast<std::int32_t>(whole);
+}
+
+Result<FlatRecordStore::Slot> FlatRecordStore::existingSlot(std::int32_t record, std::int32_t position,
+                                                            std::size_t count) const {
+  const Slot slot = slotOf(std::max(1, record));
+  const bool inside = position >= 0 && static_cast<std::int64_t>(position) +
+                                               static_cast<std::int64_t>(count) <= recLen();
+  if (record < 1 || record > count_ || slot.segment > lastSeg_ || !inside)
+    return Error{ErrorKind::notFound, "There is no record " + std::to_string(record) + "."};
+  return slot;
+}
+
+Result<void> FlatRecordStore::readPart(std::int32_t record, std::int32_t position,
+                                       std::span<std::uint8_t> bytes) {
+  const auto slot = existingSlot(record, position, bytes.size());
+  if (!slot) return slot.error();
+  const auto file = passSegment(slot->segment);
+  if (!file) return file.error();
+  const auto read = (*file)->read(slot->offset + position, bytes);
+  if (!read) return read.error();
+  if (*read < bytes.size())
+    return Error{ErrorKind::notFound, "Record " + std::to_string(record) + " is cut off."};
+  return {};
+}
+
+Result<void> FlatRecordStore::writePart(std::int32_t record, std::int32_t position,
+                                        std::span<const std::uint8_t> bytes) {
+  if (readOnly_) return Error{ErrorKind::denied, "The data file is read-only."};
+  const auto slot = existingSlot(record, position, bytes.size());
+  if (!slot) return slot.error();
+  const auto file = passSegment(slot->segment);
+  if (!file) return file.error();
+  // A record that another user is changing would be overwritten as a whole when he saves it.
+  if (record > 1) {
+    const auto other = (*file)->lockedByOther(slot->offset, 1);
+    if (other.ok() && *other)
+      return Error{ErrorKind::locked, "Record " + std::to_string(record) + " is in use."};
+  }
+  return (*file)->write(slot->offset + position, bytes);
+}
+
 // Two users may append at once: whoever locks the slot first has the number, the other takes the next one.
 // After the lock the slot is looked at, since the record may have been written between counting and locking;
 // the file's length alone would not tell, because the other may have written the next one already.

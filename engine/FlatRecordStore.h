@@ -33,6 +33,11 @@ class FlatRecordStore : public RecordStore {
   Result<void> lock(std::int32_t record) override;
   void unlock(std::int32_t record) override;
   Result<std::int32_t> append() override;
+  const RecordLayout& layout() const override { return codec_.layout(); }
+  Result<std::int32_t> readSlots(std::int32_t first, std::span<std::uint8_t> slots) override;
+  Result<void> readPart(std::int32_t record, std::int32_t position, std::span<std::uint8_t> bytes) override;
+  Result<void> writePart(std::int32_t record, std::int32_t position,
+                         std::span<const std::uint8_t> bytes) override;
   std::int32_t pictureCounter() const override { return pictureCounter_; }
   Result<void> setPictureCounter(std::int32_t value) override;
   double created() const override { return created_; }
@@ -41,7 +46,6 @@ class FlatRecordStore : public RecordStore {
   // Record slots of one segment file (SegRecs) and number of the highest segment (LastSeg).
   std::int64_t segmentRecords() const { return segRecs_; }
   int lastSegment() const { return lastSeg_; }
-  const RecordLayout& layout() const { return codec_.layout(); }
 
  private:
   FlatRecordStore(SharedFiles& sharedFiles, Files& files, RecordCodec codec, const StoreRequest& request,
@@ -53,6 +57,8 @@ class FlatRecordStore : public RecordStore {
   Slot slotOf(std::int32_t record) const;
   std::string segmentPath(int segment) const;
   Result<void> openSegment(int segment);
+  Result<SharedFile*> passSegment(int segment);
+  Result<Slot> existingSlot(std::int32_t record, std::int32_t position, std::size_t count) const;
   Result<void> lockFirst();
   void unlockFirst();
   Result<void> writeHeader(const StoreRequest& request);
@@ -69,6 +75,9 @@ class FlatRecordStore : public RecordStore {
   std::int64_t segRecs_ = 1, maxRecords_ = 1;
   int lastSeg_ = 0, openSeg_ = -1;
   std::unique_ptr<SharedFile> file_;
+  // Passes over many records have a handle of their own: turning to another segment gives up no lock.
+  std::unique_ptr<SharedFile> passFile_;
+  int passSeg_ = -1;
   std::int32_t count_ = 0, pictureCounter_ = 0, locked_ = 0;
   bool makingFirst_ = false;  // the lock on making record 1 is held
   double created_ = 0;

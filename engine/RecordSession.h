@@ -10,6 +10,7 @@
 
 #include "engine/CfgFile.h"
 #include "engine/EngineView.h"
+#include "engine/FocusObject.h"
 #include "engine/FormHost.h"
 #include "engine/QueryRunner.h"
 #include "engine/RecordStore.h"
@@ -65,6 +66,11 @@ class RecordSession {
   std::int32_t curRec() const { return curRec_; }
   std::int32_t recCount() const { return store_ ? store_->count() : 0; }
   const DataFile& dataFile() const { return start_.data; }
+
+  // Who runs the query lines of scripts; nullptr: nobody.
+  void setQueries(QueryRunner* queries) { services_.queries = queries; }
+  // Saves the record if it was changed; false when it is still only on screen.
+  bool settle();
 
   // --- Login. While start().loginRequired, openData() opens nothing until somebody has logged in.
   bool loggedIn() const { return login_.has_value(); }
@@ -158,6 +164,14 @@ class RecordSession {
   void commandClick(int button);  // Command1_Click
   void titleClick(int title);
   const FocusTools& tools() const { return tools_; }
+  // The object last entered: what search, sort and index work on.
+  FocusObject focus() const { return {static_cast<FocusKind>(focusKind_), focusIndex_}; }
+  // The person turned to the date stamp or to a variable label.
+  void dateStampGotFocus();
+  void variableLabelGotFocus();
+  // Changes the form by another hand than a box's (pasted records, pictures, variable objects): begins the
+  // edit, then `change` gets the form, then the view shows it. False when nothing may be changed.
+  bool changeForm(const std::function<void(RecordForm&)>& change);
   void timer2Tick();  // each second: Title(2) and Title(3)
   // Calculated fields of the form as it stands.
   void runFormulas();
@@ -219,7 +233,7 @@ class RecordSession {
   int viewMode_ = 0, currentPage_ = 0;
   std::vector<std::int32_t> viewOrder_;
   std::string picDir_;
-  int focusKind_ = 0, focusIndex_ = 0;  // kind: 1 field, 2 combo, 3 check box, 4 memo; 0 none
+  int focusKind_ = 0, focusIndex_ = 0;  // kind: a FocusKind
   std::string fieldBefore_;
   double dateBefore_ = 0;
   FocusTools tools_;

@@ -264,4 +264,25 @@ void RecordSession::checkClick(int n) {
   view().checkChanged(n);
 }
 
+void RecordSession::dateStampGotFocus() {
+  if (busy_ || !application().hasDateStamp()) return;
+  FocusTools tools;
+  tools.sort = tools.find = true;
+  setFocus(static_cast<int>(FocusKind::dateStamp), 0, std::move(tools), application().titleRow(4).helpText);
+}
+
+void RecordSession::variableLabelGotFocus() {
+  if (busy_ || !application().varObjects) return;
+  FocusTools tools;
+  tools.find = true;
+  setFocus(static_cast<int>(FocusKind::variableLabels), 0, std::move(tools), {});
+}
+
+bool RecordSession::changeForm(const std::function<void(RecordForm&)>& change) {
+  if (!mayEdit(false) || !beginEdit()) return false;
+  change(form_);
+  view().recordShown();
+  return true;
+}
+
 }  // namespace plinth

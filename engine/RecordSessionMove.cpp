@@ -219,11 +219,12 @@ void RecordSession::runScript(const std::string& script) {
 void RecordSession::runScriptLine(const std::string& line) {
   const SearchTotals totals = services_.queries ? services_.queries->totals() : SearchTotals{};
   const std::string ready = replaceVariables(substituteScriptLine(line, host_, totals), variables_);
-  if (!isQueryLine(ready))
+  if (!isQueryLine(ready)) {
     executeLine({host_, FormulaMode::engine, variables_}, ready, ValueMode::numeric);
-  else if (services_.queries)
-    services_.queries->run(ready);
-  else
+  } else if (services_.queries) {
+    // A query reads what is on disk: what the lines before it changed must be there.
+    if (settle()) services_.queries->run(ready);
+  } else
     services_.messages.show("This program has no search window to run the line: " + ready,
                             MessageIcon::warning);
 }

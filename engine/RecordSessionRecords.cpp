@@ -123,6 +123,12 @@ void RecordSession::applyLocks() {
 
 bool RecordSession::saveIfDirty() { return !dirty_ || saveRecord(); }
 
+bool RecordSession::settle() {
+  if (!isOpen() || !saveIfDirty()) return false;
+  releaseLock();
+  return true;
+}
+
 bool RecordSession::saveRecord() {
   if (!isOpen() || readOnly_ || curRec_ < 1) return true;
   if (!writeRecord()) return false;

@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 
 #include "basic/Locale.h"
 #include "basic/Result.h"
 #include "engine/RecordForm.h"
+#include "engine/RecordLayout.h"
 
 namespace plinth {
 
@@ -44,6 +46,20 @@ class RecordStore {
   // exists once it is saved. Numbers that another user is just appending are stepped over. Errors: full with
   // kRecordLimitText, denied, failed.
   virtual Result<std::int32_t> append() = 0;
+
+  // --- Passes over many records (search, sort, index, export). They see records as they are stored: still
+  // substituted where the application says so.
+  virtual const RecordLayout& layout() const = 0;
+  // Reads the slots of the records first, first + 1, ... into `slots`, whose size is a multiple of
+  // layout().recLen; first: 1 upward. Returns how many came whole: fewer at the end of a segment and of the
+  // data, 0 where there is no such record. A slot that nobody has written comes as load() understands it.
+  // Errors: locked (another user holds one of them), failed.
+  virtual Result<std::int32_t> readSlots(std::int32_t first, std::span<std::uint8_t> slots) = 0;
+  // Part of one stored record. position: 0-based in the slot. Errors: notFound, locked, failed; writing also
+  // denied, full.
+  virtual Result<void> readPart(std::int32_t record, std::int32_t position, std::span<std::uint8_t> bytes) = 0;
+  virtual Result<void> writePart(std::int32_t record, std::int32_t position,
+                                 std::span<const std::uint8_t> bytes) = 0;
 
   // The running number from which picture file names are made, kept with the data.
   virtual std::int32_t pictureCounter() const = 0;

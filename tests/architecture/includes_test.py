@@ -19,10 +19,11 @@ STATED = {
     "builder/payload": ["reports/block"],
     "model": ["formula", "reports/block"],
     "engine": ["formula", "builder/payload"],
+    "engine/search": ["engine"],
     "widgets": ["platform"],
     "reports": ["model"],
     "builder": ["model", "builder/payload"],
-    "output": ["engine"],
+    "output": ["engine/search"],
     "surface": ["model", "reports", "builder", "formula", "widgets"],
     "platform/posix": ["platform"],
     "platform/win32": ["platform"],
@@ -30,6 +31,7 @@ STATED = {
 for portable in ("widgets", "model", "engine", "reports", "builder", "output", "surface"):
     STATED[f"{portable}/win32"] = [portable, "platform/win32"] + (
         [] if portable == "widgets" else ["widgets", "widgets/win32"])
+STATED["engine/win32"].append("engine/search")
 
 # Programs, tests, fuzzers and benchmarks stand above all and may use everything, but nothing uses them.
 TOP = ("programs", "tests", "fuzz", "benchmarks")

@@ -1,0 +1,48 @@
+// The search for what was typed, in the object that has the focus or, with "!" in front, in whole records.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/search/IndexFiles.h"
+#include "engine/search/RecordKey.h"
+
+namespace plinth {
+
+struct PlainSearchRequest {
+  RecordStore& store;
+  const Application& application;
+  const Locale& locale;
+  SharedFiles& files;  // for an index that is there
+  const DataFile& data;
+  bool matchCase = false;
+  bool upward = true;  // SearchDir 1
+  double today = 0;
+  Progress& progress;
+  // Each hit in the order of the run. keyText: the first cell, as the list shows it; made on demand, since
+  // most hits of a long run are never looked at.
+  std::function<void(std::int32_t record)> hit;
+  std::function<void(std::int32_t)> unreadable;  // may be empty
+  // The records to look at in their order, instead of all: a search within the hits of another. May be null.
+  const std::vector<std::int32_t>* within = nullptr;
+};
+
+struct PlainOutcome {
+  bool cancelled = false;
+  bool usedIndex = false;
+  std::int64_t hits = 0;
+};
+
+// line: as typed. key: the object in focus; objects of its kind-independent label are searched together with
+// it. Runs nothing (no hits) for a line that is empty after its marks.
+PlainOutcome runPlainSearch(std::string_view line, const RecordKey& key, const PlainSearchRequest& request);
+
+// The objects that are searched together: all that carry the key's label, the key itself first.
+std::vector<RecordKey> keysOfLabel(const Application& application, const RecordLayout& layout,
+                                   const RecordKey& key);
+
+}  // namespace plinth
