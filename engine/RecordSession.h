@@ -123,6 +123,9 @@ class RecordSession {
   // 0 record order, 1 ascending, 2 descending with the order of a sort; shows the first record of the view.
   void setView(int mode, std::vector<std::int32_t> order);
 
+  // Record order again, from the record on screen; nothing is loaded.
+  void leaveSortedView();
+
   // --- Pages.
   void pgeClick(int page);
   int currentPage() const { return currentPage_; }

@@ -141,15 +141,18 @@ void RecordSession::setView(int mode, std::vector<std::int32_t> order) {
   viewMode_ = mode;
   viewOrder_ = std::move(order);
   newEntry_ = false;
-  if (mode != 1 && mode != 2) {
-    viewPos_ = std::max(1, curRec_);
-    return;
-  }
+  if (mode != 1 && mode != 2) return leaveSortedView();
   viewPos_ = 1;
   if (positions() < 1) return;
   curRec_ = recordAt(1);
   movedBack_ = false;
   loadRecord();
+}
+
+void RecordSession::leaveSortedView() {
+  viewMode_ = 0;
+  viewOrder_.clear();
+  viewPos_ = std::max(1, curRec_);
 }
 
 bool RecordSession::formKeyDown(const KeyEvent& key) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "engine/search/QueryLine.h"
 #include "engine/RecordStore.h"
@@ -18,6 +19,8 @@ struct QueryRunRequest {
   Progress& progress;  // step(done, total) at least each 600 records
   std::function<void(std::int32_t)> hit;         // of select, in the order of the run; may be empty
   std::function<void(std::int32_t)> unreadable;  // record that could not be read or written; may be empty
+  // The records to look at in their order, instead of all: a search within the hits of another. May be null.
+  const std::vector<std::int32_t>* within = nullptr;
 };
 
 struct QueryOutcome {
