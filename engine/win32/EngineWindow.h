@@ -12,6 +12,9 @@
 #include "engine/win32/PageWindow.h"
 #include "engine/win32/ToolBar.h"
 #include "platform/Chooser.h"
+#include "platform/Clipboard.h"
+#include "platform/Settings.h"
+#include "platform/SharedFile.h"
 
 namespace plinth {
 
@@ -22,6 +25,9 @@ struct EngineWindowServices {
   Shell& shell;
   Files& files;
   ImageDecoder& decoder;
+  SharedFiles& sharedFiles;
+  Settings& settings;
+  Clipboard& clipboard;
 };
 
 class EngineWindow : public Window, public EngineView, private EngineHost {

@@ -15,9 +15,11 @@
 #include "platform/win32/Screenshot.h"
 #include "platform/win32/WicPictures.h"
 #include "tests/fakes/FakeChooser.h"
+#include "tests/fakes/FakeClipboard.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeMessages.h"
 #include "tests/fakes/FakeShell.h"
+#include "tests/fakes/MemorySettings.h"
 #include "tests/platform/TempFolder.h"
 #include "widgets/win32/WidgetClasses.h"
 
@@ -125,7 +127,8 @@ class EngineWindows : public testing::Test {
     start.cfgPath = folder / "shop.cfg";
     start.data = {folder / "", "Shop.dbd", false};
     window = std::make_unique<EngineWindow>(
-        EngineWindowServices{messages, chooser, shell, systemFiles(), decoder});
+        EngineWindowServices{messages, chooser, shell, systemFiles(), decoder, systemSharedFiles(), settings,
+                             clipboard});
     session = std::make_unique<RecordSession>(
         std::move(start),
         SessionServices{systemFiles(), messages, clock, englishLocale(), shell,
@@ -213,6 +216,8 @@ class EngineWindows : public testing::Test {
   FakeMessages messages;
   FakeChooser chooser;
   FakeShell shell;
+  FakeClipboard clipboard;
+  MemorySettings settings;
   FakeClock clock{kNow};
   WicDecoder decoder;
   std::unique_ptr<EngineWindow> window;

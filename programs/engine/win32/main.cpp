@@ -10,6 +10,7 @@
 #include "platform/SystemLocale.h"
 #include "platform/win32/Dialogs.h"
 #include "platform/win32/WicPictures.h"
+#include "platform/win32/Win32Clipboard.h"
 #include "platform/win32/Win32Text.h"
 
 namespace plinth {
@@ -39,7 +40,10 @@ int runApplication(const std::string& commandLine) {
   MessageBoxes messages(ownerOf, start.application.title, start.application.codePage);
   FileChooser chooser(ownerOf, start.application.codePage);
   WicDecoder decoder;
-  EngineWindow window({messages, chooser, systemShell(), systemFiles(), decoder});
+  SystemClipboard clipboard(ownerOf);
+  const std::unique_ptr<Settings> settings = systemSettings(start.application.title);
+  EngineWindow window({messages, chooser, systemShell(), systemFiles(), decoder, systemSharedFiles(),
+                       *settings, clipboard});
   RecordSession session(std::move(start),
                         {systemFiles(), messages, clock, locale, systemShell(),
                          flatStoreOpener(systemSharedFiles(), systemFiles()), &window, nullptr});
