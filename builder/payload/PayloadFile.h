@@ -22,7 +22,8 @@ struct PayloadResult {
 
 // Reads the payload at the end of a finished application's file. exe: the whole file, stamped as it is, since
 // text lengths are told relative to bytes of the image. Counts and lengths are checked against limits and
-// bytes left, so that memory stays in proportion to the file.
+// bytes left, so that memory stays in proportion to the file. In a file that was signed after it was made the
+// payload is found before the certificate table.
 PayloadResult readPayloadPart(std::span<const std::uint8_t> exe);
 
 // As readPayloadPart, but anything short of a complete payload is an error (damaged, with the problem).
@@ -37,7 +38,9 @@ struct ApplicationImage {
 // Called after each section with the sections done and their number; false gives up.
 using SectionDone = std::function<bool(int done, int total)>;
 
-// Puts a payload behind a stamped engine image. The payload's first slot begins on the image's last byte.
+// Puts a payload behind a stamped engine image. The payload's first slot begins on the image's last byte. The
+// check sum in the image's header, which stamping made untrue, is set to 0: a signature changes it, and readers
+// of a signed file must know what it was.
 // Tables longer than the format's limits are an error (full), as is a stub shorter than kSmallestStub
 // (damaged); giving up is an error too (failed).
 Result<ApplicationImage> writeApplication(Bytes stampedStub, const Payload& payload,

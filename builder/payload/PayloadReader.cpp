@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "basic/Substitution.h"
+#include "builder/payload/ImageHeader.h"
 #include "builder/payload/PayloadFile.h"
 #include "builder/payload/PayloadWalk.h"
 #include "reports/block/ReportArchive.h"
@@ -13,6 +14,7 @@ namespace plinth {
 namespace {
 
 constexpr std::int64_t kTrailer = 4;
+constexpr std::size_t kMostPadding = 7;  // certificate tables begin at multiples of 8
 constexpr int kReportVersion = 22;  // applications hold reports in the newest form only
 
 }  // namespace
@@ -108,17 +110,19 @@ void PayloadReader::reports(std::vector<ReportRow>& reports, int limit) {
   row_ = -1;
 }
 
-PayloadResult readPayloadPart(std::span<const std::uint8_t> exe) {
+namespace {
+
+// The payload whose trailer ends at `length` bytes from the start of the file.
+PayloadResult readBefore(std::span<const std::uint8_t> exe, std::size_t length) {
   PayloadResult result;
-  const auto length = static_cast<std::int64_t>(exe.size());
-  const std::int64_t end = length - kTrailer + 1;  // position of the trailer
+  const std::int64_t end = static_cast<std::int64_t>(length) - kTrailer + 1;  // position of the trailer
   std::int32_t payloadLength = 0;
-  SlotReader trailer(exe, std::max<std::int64_t>(end, 1));
+  SlotReader trailer(exe.first(length), std::max<std::int64_t>(end, 1));
   if (end < 1 || !trailer.i32(payloadLength) || payloadLength <= 0 || payloadLength >= end) {
     result.problem = "no payload: the trailer is damaged";
     return result;
   }
-  PayloadReader reader(exe, end - payloadLength, end);
+  PayloadReader reader(exe.first(length), end - payloadLength, end);
   walkPayload(reader, result.payload);
   result.problem = reader.problem();
   if (reader.ok() && reader.position() != end) {
@@ -126,6 +130,27 @@ PayloadResult readPayloadPart(std::span<const std::uint8_t> exe) {
                      " rather than at " + std::to_string(end);
   }
   result.complete = result.problem.empty();
+  return result;
+}
+
+}  // namespace
+
+PayloadResult readPayloadPart(std::span<const std::uint8_t> exe) {
+  PayloadResult result = readBefore(exe, exe.size());
+  if (result.complete) return result;
+  // Signed after it was made: the signature stands behind the trailer, and up to seven bytes before it.
+  const auto header = findImageHeader(exe);
+  const auto table = header ? certificateTable(exe, *header) : std::nullopt;
+  if (!table) return result;
+  Bytes content(exe.begin(), exe.begin() + static_cast<std::ptrdiff_t>(*table));
+  // The header may stand behind its own table in a file that nobody's linker made.
+  if (header->checkSum + 4 > *table || header->certificates + 8 > *table) return result;
+  clearSignedFields(content, *header);
+  for (std::size_t padding = 0; padding <= kMostPadding && padding < *table; ++padding) {
+    if (padding > 0 && content[*table - padding] != 0) break;
+    PayloadResult beforeTable = readBefore(content, *table - padding);
+    if (beforeTable.complete) return beforeTable;
+  }
   return result;
 }
 

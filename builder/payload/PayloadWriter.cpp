@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "basic/Substitution.h"
+#include "builder/payload/ImageHeader.h"
 #include "builder/payload/PayloadWalk.h"
 #include "reports/block/ReportArchive.h"
 
@@ -109,6 +110,7 @@ Result<ApplicationImage> writeApplication(Bytes stampedStub, const Payload& payl
                                           const SectionDone& sectionDone) {
   if (stampedStub.size() < kSmallestStub)
     return Error{ErrorKind::damaged, "the engine's image is missing or damaged"};
+  if (const auto header = findImageHeader(stampedStub)) clearSignedFields(stampedStub, *header);
   ApplicationImage image{std::move(stampedStub), {}};
   PayloadWriter writer(image.bytes, image.cutTexts, sectionDone);
   walkPayload(writer, payload);
