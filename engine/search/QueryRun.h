@@ -21,6 +21,7 @@ struct QueryRunRequest {
   std::function<void(std::int32_t)> unreadable;  // record that could not be read or written; may be empty
   // The records to look at in their order, instead of all: a search within the hits of another. May be null.
   const std::vector<std::int32_t>* within = nullptr;
+  const Locale& locale = englishLocale();  // of the times that records hold as text
 };
 
 struct QueryOutcome {
