@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "basic/CodePage.h"
 #include "basic/DisplayFormat.h"
 #include "basic/Text.h"
 #include "engine/search/IndexFiles.h"
@@ -70,12 +71,18 @@ void Searches::say(std::string_view text, MessageIcon icon) {
   if (!quiet_) services_.messages.show(text, icon);
 }
 
+void Searches::sayError(const Error& error) {
+  say(runMessage(application(), error.kind == ErrorKind::full ? 14 : 21,
+                 fromUtf8(error.text, application().codePage)),
+      MessageIcon::error);
+}
+
 // The records as they are now on disk, those of other users with them.
 bool Searches::ready() {
   RecordSession& session = services_.session;
   if (!session.settle()) return false;
   const auto counted = session.store()->refreshCount();
-  if (!counted) say(runMessage(application(), 21, counted.error().text), MessageIcon::error);
+  if (!counted) sayError(counted.error());
   return counted.ok();
 }
 
@@ -164,8 +171,7 @@ void Searches::runOver(SearchResult& result, const Query& query, const std::vect
   if (query.verb == QueryVerb::sum) totals_.sum = outcome.total, totals_.average = outcome.average;
   if (query.verb == QueryVerb::count) totals_.count = static_cast<long>(outcome.hits);
   if (query.verb == QueryVerb::replace) session.loadRecord();
-  if (!outcome.error.text.empty())
-    say(runMessage(application(), 21, outcome.error.text), MessageIcon::error);
+  if (!outcome.error.text.empty()) sayError(outcome.error);
 }
 
 void Searches::finish(SearchResult& result) {
@@ -239,7 +245,7 @@ bool Searches::sortBy(int index) {
     return true;
   }
   session.leaveSortedView();
-  if (!sorted) say(runMessage(application(), 21, sorted.error().text), MessageIcon::error);
+  if (!sorted) sayError(sorted.error());
   return false;
 }
 
@@ -256,7 +262,7 @@ bool Searches::buildIndexes() {
                  services_.progress, [this](std::int32_t record) { unreadable(record); });
   services_.progress.title("");
   running_ = false;
-  if (!built) say(runMessage(application(), 21, built.error().text), MessageIcon::error);
+  if (!built) sayError(built.error());
   return built && *built == IndexEnd::done;
 }
 

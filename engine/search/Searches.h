@@ -108,6 +108,7 @@ class Searches : public QueryRunner {
   void finish(SearchResult& result);
   void unreadable(std::int32_t record);
   void say(std::string_view text, MessageIcon icon);
+  void sayError(const Error& error);
   std::string statusOf(const SearchResult& result) const;
   std::string boxText(const SearchResult& result) const;
   const Application& application() const { return services_.session.application(); }

@@ -26,7 +26,8 @@ std::string programPath() {
 int runApplication(const std::string& commandLine) {
   installSystemCodec();
   const INITCOMMONCONTROLSEX controls{
-      sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES | ICC_BAR_CLASSES | ICC_LINK_CLASS};
+      sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES | ICC_BAR_CLASSES | ICC_LINK_CLASS |
+                          ICC_PROGRESS_CLASS};
   ::InitCommonControlsEx(&controls);
   HWND owner = nullptr;
   const DialogOwner ownerOf = [&owner] { return owner; };
