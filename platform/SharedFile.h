@@ -34,6 +34,7 @@ class SharedFile {
 enum class OpenMode {
   readOnly,   // the file must exist
   readWrite,  // created when missing
+  emptied,    // as readWrite; what the file held is gone, also for those who have it open
 };
 
 class SharedFiles {

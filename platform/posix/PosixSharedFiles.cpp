@@ -94,7 +94,9 @@ class PosixSharedFiles : public SharedFiles {
     struct stat status;
     if (!file || ::fstat(file.get(), &status) != 0) return errnoError(errno, path);
     if (!S_ISREG(status.st_mode)) return errnoError(EISDIR, path);
-    if (mode == OpenMode::readWrite && lacksWriteBits(status)) return errnoError(EACCES, path);
+    if (mode != OpenMode::readOnly && lacksWriteBits(status)) return errnoError(EACCES, path);
+    if (mode == OpenMode::emptied && retried([&] { return ::ftruncate(file.get(), 0); }) != 0)
+      return errnoError(errno, path);
     return std::unique_ptr<SharedFile>(std::make_unique<PosixSharedFile>(std::move(file), path));
   }
 };

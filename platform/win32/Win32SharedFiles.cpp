@@ -129,6 +129,8 @@ class Win32SharedFiles : public SharedFiles {
                                     readOnly ? OPEN_EXISTING : OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return lastWindowsError(path);
     if (::GetFileType(file.get()) != FILE_TYPE_DISK) return windowsError(ERROR_ACCESS_DENIED, path);
+    // A new handle stands at the beginning.
+    if (mode == OpenMode::emptied && !::SetEndOfFile(file.get())) return lastWindowsError(path);
     return std::unique_ptr<SharedFile>(std::make_unique<Win32SharedFile>(std::move(file), path));
   }
 };

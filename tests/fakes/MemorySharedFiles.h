@@ -96,10 +96,11 @@ class MemorySharedFiles : public SharedFiles {
     std::shared_ptr<MemoryFile> file;
     if (const auto found = disk->files.find(name); found != disk->files.end()) file = found->second;
     if (!file && mode == OpenMode::readOnly) return memoryError(ErrorKind::notFound, path);
-    if (file && file->readOnly && mode == OpenMode::readWrite) return memoryError(ErrorKind::denied, path);
+    if (file && file->readOnly && mode != OpenMode::readOnly) return memoryError(ErrorKind::denied, path);
     if (!file) file = disk->files[name] = std::make_shared<MemoryFile>();
+    if (mode == OpenMode::emptied) file->bytes.clear();
     return std::unique_ptr<SharedFile>(
-        new MemorySharedFile(disk, file, path, mode == OpenMode::readWrite, mandatoryLocks));
+        new MemorySharedFile(disk, file, path, mode != OpenMode::readOnly, mandatoryLocks));
   }
 
   std::shared_ptr<MemoryDisk> disk;

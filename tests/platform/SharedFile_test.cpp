@@ -52,6 +52,15 @@ TEST_P(SharedFileTest, readsAndWritesAtPositions) {
   EXPECT_FALSE(file->read(-1, std::span<std::uint8_t>()).ok() && file->write(-1, bytesOf("x")).ok());
 }
 
+TEST_P(SharedFileTest, emptiesAFileThatIsToBeMadeAnew) {
+  const auto before = open();
+  ASSERT_TRUE(before->write(0, bytesOf("a long text")).ok());
+  const auto file = open(OpenMode::emptied);
+  EXPECT_EQ(*before->size(), 0);
+  ASSERT_TRUE(file->write(0, bytesOf("new")).ok());
+  EXPECT_EQ(textAt(*before, 0, 20), "new");
+}
+
 TEST_P(SharedFileTest, opensOnlyWhatItMay) {
   EXPECT_EQ(files().open(path(), OpenMode::readOnly).error().kind, ErrorKind::notFound);
   if (GetParam()) memory_.disk->folders.insert(MemoryDisk::clean(folder_.path()));
