@@ -26,14 +26,11 @@ struct SortedRecords {
   bool usedIndex = false;
 };
 
-// SortRecords: fields of kind 1 to 9 by value in the order that ShellSort leaves, all other objects by the 64
-// bytes from the key's position, case aside. An index "-1.inx" that is there gives the values of the records
-// that it reaches, however old it is. Errors: failed, when the data cannot be read at all.
+// SortRecords: fields of kind 1 to 9 and the date stamp by value in the order that ShellSort leaves, all
+// other objects by the 64 bytes from the key's position, case aside. An index "-1.inx" that is there gives
+// the values of the records that it reaches, however old it is. A record that cannot be read counts as empty.
+// Errors: wrongUsage for variable labels, failed when no record can be read.
 Result<SortedRecords> sortRecords(const RecordKey& key, const SortServices& services);
-
-// Moves `order` along with the keys: Knuth's gaps, insertion by greater-than only, so that equal keys come
-// out in the one order that this algorithm leaves.
-void shellSort(std::vector<double>& keys, std::vector<std::int32_t>& order);
 
 // Bytes from the key's position that a text sort looks at, whatever field they run into.
 inline constexpr std::int32_t kSortKeyBytes = 64;

@@ -1,0 +1,258 @@
+// A value is written as it stands in one line. Line ends inside a text become blanks, since a line more would
+// shift all that follow.
+#include "engine/search/IndexFiles.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+
+#include "basic/DisplayFormat.h"
+#include "basic/NumberReader.h"
+#include "basic/Substitution.h"
+#include "engine/search/BlockReader.h"
+#include "engine/search/RecordSteps.h"
+
+namespace plinth {
+namespace {
+
+constexpr std::size_t kBufferBytes = 256 * 1024;
+constexpr std::size_t kLongestLine = std::size_t{1} << 20;  // what is longer in a damaged file is cut
+constexpr const char* kLineEnd = "\r\n";
+
+void appendWhole(std::string& out, std::uint64_t value) {
+  char digits[20];
+  const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+  out.append(digits, end);
+}
+
+// value x 10,000 as a decimal number without trailing zeros.
+void appendScaled(std::string& out, std::int64_t scaled) {
+  const auto bits = static_cast<std::uint64_t>(scaled);
+  const std::uint64_t size = scaled < 0 ? 0 - bits : bits;
+  if (scaled < 0) out += '-';
+  appendWhole(out, size / 10000);
+  std::uint64_t fraction = size % 10000;
+  if (fraction == 0) return;
+  out += '.';
+  for (; fraction != 0; fraction = fraction % 1000 * 10) out += static_cast<char>('0' + fraction / 1000);
+}
+
+// Turns stored bytes into lines.
+class LineMaker {
+ public:
+  LineMaker(const RecordKey& key, bool scrambled) : key_(key), scrambled_(scrambled) {
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+      const auto plain = scrambled ? inverseSubstitutionTable()[byte] : static_cast<std::uint8_t>(byte);
+      characters_[byte] = plain == '\r' || plain == '\n' ? ' ' : static_cast<char>(plain);
+    }
+  }
+
+  // bytes: those of the key.
+  void append(std::string& out, std::span<const std::uint8_t> bytes) const {
+    switch (key_.type) {
+      case KeyType::number:
+        out += plainNumber(keyNumber(plain(bytes)));
+        break;
+      case KeyType::currency:
+      case KeyType::date:
+        appendScaled(out, keyScaled(plain(bytes)));
+        break;
+      case KeyType::whole: {
+        const std::int64_t value = keyWhole(plain(bytes));
+        appendScaled(out, value * 10000);
+        break;
+      }
+      case KeyType::check:
+        appendWhole(out, plain(bytes)[0]);
+        break;
+      case KeyType::text:
+      case KeyType::time:
+      case KeyType::variableLabels:
+        appendText(out, bytes);
+        break;
+    }
+  }
+
+ private:
+  // The bytes of a number.
+  std::array<std::uint8_t, 8> plain(std::span<const std::uint8_t> bytes) const {
+    std::array<std::uint8_t, 8> number{};
+    const std::size_t count = std::min(bytes.size(), number.size());
+    std::copy_n(bytes.begin(), count, number.begin());
+    if (scrambled_) unscrambleInPlace(std::span(number).first(count));
+    return number;
+  }
+  void appendText(std::string& out, std::span<const std::uint8_t> bytes) const {
+    const auto isPadding = [&](std::uint8_t byte) {
+      return characters_[byte] == ' ' || characters_[byte] == 0;
+    };
+    std::size_t count = bytes.size();
+    while (count > 0 && isPadding(bytes[count - 1])) --count;
+    const std::size_t start = out.size();
+    out.resize(start + count);
+    for (std::size_t i = 0; i < count; ++i) out[start + i] = characters_[bytes[i]];
+  }
+
+  const RecordKey& key_;
+  bool scrambled_;
+  std::array<char, 256> characters_;
+};
+
+// A new index file, written in large pieces.
+class IndexWriter {
+ public:
+  static Result<IndexWriter> open(SharedFiles& files, const std::string& path) {
+    auto file = files.open(path, OpenMode::emptied);
+    if (!file) return file.error();
+    return IndexWriter(files, path, std::move(*file));
+  }
+  // Lines are appended here.
+  std::string& text() { return text_; }
+  Result<void> writeWhenFull() { return text_.size() < kBufferBytes ? Result<void>() : write(); }
+  // An index that could not be written whole is left empty: half a value would be taken for one.
+  Result<void> write() {
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(text_.data()), text_.size());
+    auto written = file_->write(offset_, bytes);
+    if (!written) {
+      static_cast<void>(files_->open(path_, OpenMode::emptied));
+      return Error{written.error().kind, path_ + ": " + written.error().text};
+    }
+    offset_ += static_cast<std::int64_t>(text_.size());
+    text_.clear();
+    return {};
+  }
+
+ private:
+  IndexWriter(SharedFiles& files, std::string path, std::unique_ptr<SharedFile> file)
+      : files_(&files), path_(std::move(path)), file_(std::move(file)) {}
+  SharedFiles* files_;
+  std::string path_;
+  std::unique_ptr<SharedFile> file_;
+  std::string text_;
+  std::int64_t offset_ = 0;
+};
+
+struct IndexBuild {
+  RecordStore& store;
+  const RecordKey& key;
+  const LineMaker& lines;
+  RecordSteps& steps;
+
+  // Lines of all records; false when the person cancelled.
+  Result<bool> writeRecords(IndexWriter& writer, bool down,
+                            const std::function<void(std::int32_t)>& unreadable) {
+    BlockReader blocks(store, {1, store.count(), down}, {key.position, key.length});
+    while (const auto block = blocks.next()) {
+      const auto lost = blocks.unreadable();
+      if (unreadable) std::for_each(lost.begin(), lost.end(), unreadable);
+      for (std::int32_t i = 0; i < block->count; ++i) {
+        const std::int32_t at = down ? block->count - 1 - i : i;
+        if (lost.empty() || !std::binary_search(lost.begin(), lost.end(), block->first + at))
+          lines.append(writer.text(), keyBytes(*block, at));
+        writer.text() += kLineEnd;
+        if (!steps.next()) return false;
+      }
+      if (auto written = writer.writeWhenFull(); !written) return written.error();
+    }
+    return true;
+  }
+
+  std::span<const std::uint8_t> keyBytes(const SlotBlock& block, std::int32_t at) const {
+    const auto wide = static_cast<std::size_t>(store.layout().recLen);
+    return block.slots.subspan(static_cast<std::size_t>(at) * wide + static_cast<std::size_t>(key.position),
+                               static_cast<std::size_t>(key.length));
+  }
+};
+
+}  // namespace
+
+std::string indexFilePath(const DataFile& data, const std::string& label, IndexDirection direction,
+                          int codePage) {
+  std::string name = label;
+  for (char& c : name)
+    if (static_cast<unsigned char>(c) < ' ' || std::strchr("<>:\"/\\|?*", c)) c = '_';
+  return data.folder + baseNameOf(data, codePage) + name + (direction == IndexDirection::up ? "-1" : "-0") +
+         ".inx";
+}
+
+bool canIndex(const RecordKey& key) {
+  const FocusKind kind = key.object.kind;
+  return !key.label.empty() &&
+         (kind == FocusKind::field || kind == FocusKind::combo || kind == FocusKind::check);
+}
+
+std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes) {
+  std::string out;
+  LineMaker(key, false).append(out, bytes);
+  return out;
+}
+
+Result<IndexEnd> buildIndex(RecordStore& store, const RecordKey& key, const DataFile& data,
+                            const Application& application, SharedFiles& files, Progress& progress,
+                            const std::function<void(std::int32_t)>& unreadable) {
+  if (!canIndex(key)) return Error{ErrorKind::wrongUsage, "This object cannot be indexed."};
+  RecordSteps steps(progress, "Indexing " + key.label, 2 * static_cast<std::int64_t>(store.count()));
+  const LineMaker lines(key, application.scrambleData);
+  IndexBuild build{store, key, lines, steps};
+  for (const IndexDirection direction : {IndexDirection::down, IndexDirection::up}) {
+    const bool down = direction == IndexDirection::down;
+    auto writer = IndexWriter::open(files, indexFilePath(data, key.label, direction, application.codePage));
+    if (!writer) return writer.error();
+    if (down) writer->text() += std::to_string(store.count()) + kLineEnd;
+    const auto all = build.writeRecords(*writer, down, down ? unreadable : nullptr);
+    if (!all) return all.error();
+    if (auto written = writer->write(); !written) return written.error();
+    if (!*all) return IndexEnd::cancelled;
+  }
+  return IndexEnd::done;
+}
+
+std::optional<IndexReader> IndexReader::open(SharedFiles& files, const std::string& path,
+                                             IndexDirection direction) {
+  auto file = files.open(path, OpenMode::readOnly);
+  if (!file) return std::nullopt;
+  IndexReader reader(std::move(*file));
+  if (direction == IndexDirection::down) {
+    const double count = val(reader.line().value_or(""));
+    if (count >= 1) reader.count_ = static_cast<std::int32_t>(std::min(count, 2147483647.0));
+  }
+  return reader;
+}
+
+std::optional<std::string_view> IndexReader::line() { return upTo(false); }
+std::optional<std::string_view> IndexReader::value() { return upTo(true); }
+
+std::optional<std::string_view> IndexReader::upTo(bool commaEnds) {
+  carried_.clear();
+  const auto withoutReturn = [](std::string_view text) {
+    if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
+    return text;
+  };
+  do {
+    const std::string_view rest = std::string_view(buffer_).substr(at_);
+    const std::size_t end = std::min(commaEnds ? rest.find_first_of(",\n") : rest.find('\n'), rest.size());
+    const std::string_view piece = rest.substr(0, end);
+    const bool ended = end < rest.size();
+    at_ += end + (ended ? 1 : 0);
+    if (ended && carried_.empty()) return withoutReturn(piece);
+    carried_.append(piece.substr(0, kLongestLine - carried_.size()));
+    if (ended) return withoutReturn(carried_);
+  } while (refill());
+  if (carried_.empty()) return std::nullopt;
+  return withoutReturn(carried_);
+}
+
+// The next piece of the file; false at its end.
+bool IndexReader::refill() {
+  at_ = 0;
+  buffer_.resize(ended_ ? 0 : kBufferBytes);
+  if (ended_) return false;
+  const auto read = file_->read(offset_, {reinterpret_cast<std::uint8_t*>(buffer_.data()), buffer_.size()});
+  buffer_.resize(read ? *read : 0);
+  offset_ += static_cast<std::int64_t>(buffer_.size());
+  ended_ = buffer_.empty();
+  return !ended_;
+}
+
+}  // namespace plinth

@@ -1,0 +1,44 @@
+// Sorting of many small keys: 64-bit numbers, each with the place that it came from.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace plinth {
+
+struct PlacedKey {
+  std::uint64_t key = 0;
+  std::uint32_t place = 0;
+};
+
+// Numbers as keys of the same order. Not-a-number counts as 0, and so does -0.
+inline std::uint64_t keyOfNumber(std::int64_t value) {
+  return static_cast<std::uint64_t>(value) ^ (std::uint64_t{1} << 63);
+}
+inline std::uint64_t keyOfNumber(double value) {
+  if (value != value || value == 0) value = 0;
+  const auto bits = std::bit_cast<std::uint64_t>(value);
+  return bits >> 63 ? ~bits : bits | (std::uint64_t{1} << 63);
+}
+
+// Ascending by key; equal keys keep their order. scratch: room for as many elements, their values are lost.
+void sortPlaced(std::span<PlacedKey> keys, std::span<PlacedKey> scratch);
+
+// Brings places into the order of texts of `width` bytes (a multiple of 8), compared byte by byte; equal ones
+// keep theirs. The text of place n stands at texts + n x width. keys: a place each; their numbers are lost.
+void sortTexts(std::span<PlacedKey> keys, const std::uint8_t* texts, std::size_t width);
+
+// The places in the order that shellSort() would leave the keys in. keys: the places 0, 1, 2 ... in this
+// order. goOn: asked between the passes; when it says no, the result is empty.
+std::vector<std::uint32_t> shellOrder(std::vector<PlacedKey> keys, const std::function<bool()>& goOn);
+
+// Sorts `keys` ascending and moves `order`, which is as long, along with them: Knuth's gaps, insertion by
+// greater-than only, so that equal keys come out in the one order that this algorithm leaves. Not-a-number is
+// greater than nothing.
+void shellSort(std::vector<double>& keys, std::vector<std::int32_t>& order);
+
+}  // namespace plinth
