@@ -22,9 +22,8 @@ struct PlainSearchRequest {
   bool matchCase = false;
   bool upward = true;  // SearchDir 1
   double today = 0;
-  Progress& progress;
-  // Each hit in the order of the run. keyText: the first cell, as the list shows it; made on demand, since
-  // most hits of a long run are never looked at.
+  Progress& progress;  // step(done, total) at least each 600 records; false stops the run
+  // Each hit in the order of the run; ResultRows makes its cells when somebody looks. May be empty.
   std::function<void(std::int32_t record)> hit;
   std::function<void(std::int32_t)> unreadable;  // may be empty
   // The records to look at in their order, instead of all: a search within the hits of another. May be null.
@@ -37,8 +36,8 @@ struct PlainOutcome {
   std::int64_t hits = 0;
 };
 
-// line: as typed. key: the object in focus; objects of its kind-independent label are searched together with
-// it. Runs nothing (no hits) for a line that is empty after its marks.
+// line: as typed. key: the object in focus; keysOfLabel() are searched together with it. A line with "!" in
+// front needs no key. No hits for a line that is empty after its marks.
 PlainOutcome runPlainSearch(std::string_view line, const RecordKey& key, const PlainSearchRequest& request);
 
 // The objects that are searched together: all that carry the key's label, the key itself first.

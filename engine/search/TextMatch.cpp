@@ -1,5 +1,5 @@
-// Two rare bytes of the term at their distance, in either case, sort out nearly every place in a text, sixteen
-// places at once where the processor can; only what is left is compared through the fold table.
+// Two rare bytes of the term at their distance, in either case, sort out nearly every place in a text,
+// sixteen places at once where the processor can. Only what is left is compared through the fold table.
 #include "engine/search/TextMatch.h"
 
 #include <algorithm>
