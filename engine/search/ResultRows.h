@@ -17,6 +17,7 @@ struct ResultColumn {
   std::string header;       // the object's label; of a joined key its label
   int widthChars = 10;      // from MaxLength, at most kWidestColumn
   bool alignRight = false;  // numeric
+  bool date = false;        // sorted by the day that its texts say
 };
 
 // Reads single records into cells.

@@ -35,7 +35,7 @@ class Searches::RunProgress : public Progress {
     result_.status = counted(done, locale) + " / " +
                      counted(static_cast<std::int64_t>(result_.hits.size()), locale) + " " +
                      captionOr(searches_.application(), 46, "searched");
-    return !searches_.services_.view || searches_.services_.view->resultRunning(result_);
+    return !searches_.view_ || searches_.view_->resultRunning(result_);
   }
 
  private:
@@ -110,7 +110,7 @@ SearchResult* Searches::start(std::string_view line, SearchResult* within, bool 
   running_ = result->running = true;
   if (result->lists()) {
     session.leaveSortedView();
-    if (services_.view) services_.view->resultOpened(*result);
+    if (view_) view_->resultOpened(*result);
   }
   runOver(*result, query, within ? &candidates : nullptr);
   running_ = result->running = false;
@@ -179,7 +179,7 @@ void Searches::finish(SearchResult& result) {
   result.status = statusOf(result);
   if (result.lists()) {
     if (result.hits.empty()) session.loadRecord();
-    if (services_.view) services_.view->resultFinished(result);
+    if (view_) view_->resultFinished(result);
     return;
   }
   // What was counted when somebody stopped the run is no answer.

@@ -57,14 +57,15 @@ struct SearchServices {
   RecordSession& session;
   SharedFiles& files;
   Messages& messages;
-  Progress& progress;          // of sorts, indexes and commands without a list
-  SearchView* view = nullptr;  // nullptr: nobody looks
+  Progress& progress;  // of sorts, indexes and commands without a list
 };
 
 class Searches : public QueryRunner {
  public:
   // Everything in `services` must outlive this.
   explicit Searches(const SearchServices& services);
+  // Who shows results; nullptr: nobody. It must outlive this.
+  void setView(SearchView* view) { view_ = view; }
 
   // How the search window stands: case counts; SearchDir 1, from the first record up.
   bool matchCase = false;
@@ -115,6 +116,7 @@ class Searches : public QueryRunner {
 
   class RunProgress;
   SearchServices services_;
+  SearchView* view_ = nullptr;
   std::vector<std::unique_ptr<SearchResult>> results_;
   SearchTotals totals_;
   bool running_ = false;  // one at a time, also through the event pump

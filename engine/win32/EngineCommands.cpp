@@ -17,6 +17,14 @@ const EngineWindow::Command* EngineWindow::commandOf(MenuId id) {
       {MenuId::pasting, &EngineWindow::mayPaste, &EngineWindow::editCommand},
       {MenuId::deletemarkrec, &EngineWindow::mayWrite, &EngineWindow::newEntry},
       {MenuId::erasefile, &EngineWindow::mayWrite, &EngineWindow::clearEntry},
+      {MenuId::deleteRecord, &EngineWindow::mayWrite, &EngineWindow::deleteRecord},
+      {MenuId::replaceMenu, &EngineWindow::mayReplace, &EngineWindow::replaceLine},
+      {MenuId::finden0, &EngineWindow::isOpen, &EngineWindow::find},
+      {MenuId::finden3, &EngineWindow::isOpen, &EngineWindow::sort},
+      {MenuId::finden4, &EngineWindow::maySort, &EngineWindow::sort},
+      {MenuId::finden5, &EngineWindow::maySort, &EngineWindow::sort},
+      {MenuId::newview, &EngineWindow::always, &EngineWindow::newView},
+      {MenuId::indexFld, &EngineWindow::mayIndex, &EngineWindow::makeIndex},
       {MenuId::opt, &EngineWindow::always, &EngineWindow::runProgram},
       {MenuId::infoo, &EngineWindow::hasHelp, &EngineWindow::showHelp},
       {MenuId::aboutit, &EngineWindow::always, &EngineWindow::showAbout},
@@ -141,6 +149,50 @@ void EngineWindow::runProgram(const MenuEntry& entry) {
 }
 
 void EngineWindow::exitProgram(const MenuEntry&) { ::PostMessageW(handle(), WM_CLOSE, 0, 0); }
+
+void EngineWindow::find(const MenuEntry&) {
+  act([&] { boxes_->commitFocus(); });
+  tools_->find();
+}
+
+// A line to fill in: the value to write and the value to look for.
+void EngineWindow::replaceLine(const MenuEntry&) {
+  const std::string label = session_->tools().searchLabel;
+  const std::string name = label.find(' ') == std::string::npos ? label : "'" + label + "'";
+  act([&] { boxes_->commitFocus(); });
+  tools_->find(nullptr, "REPLACE " + name + "='' WHERE " + name + "=''");
+}
+
+void EngineWindow::sort(const MenuEntry& entry) {
+  act([&] {
+    boxes_->commitFocus();
+    const int index = entry.id == MenuId::finden3 ? 1 : entry.id == MenuId::finden4 ? 2 : 3;
+    tools_->searches().sortBy(index);
+  });
+  restoreFocus();
+}
+
+void EngineWindow::makeIndex(const MenuEntry&) {
+  act([&] {
+    boxes_->commitFocus();
+    tools_->searches().buildIndexes();
+  });
+  restoreFocus();
+}
+
+// Another program on the same data, with a view of its own.
+void EngineWindow::newView(const MenuEntry&) {
+  services_.shell.open(session_->start().names.exeBase + ".exe", "\"" + session_->dataFile().path() + "\"");
+}
+
+// A record's number stays: deleting empties the record, at once and only after a question.
+void EngineWindow::deleteRecord(const MenuEntry&) {
+  act([&] {
+    if (!services_.messages.ask(runMessage(application(), 8, std::to_string(session_->curRec())))) return;
+    session_->erasefileClick();
+    session_->saveRecord();
+  });
+}
 
 bool EngineWindow::mayWrite() const { return session_->isOpen() && !session_->readOnly(); }
 bool EngineWindow::hasHelp() const { return !session_->start().helpFile.empty(); }

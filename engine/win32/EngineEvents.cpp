@@ -91,6 +91,7 @@ void EngineWindow::toolsChanged() {
 
 void EngineWindow::databaseChanged() {
   if (!page_) return;
+  tools_->databaseClosed();
   recordShown();
   toolsChanged();
   updateMenu();
@@ -185,7 +186,7 @@ int EngineWindow::run() {
 
 void EngineWindow::dispatch(const MSG& message) {
   bool taken = false;
-  guarded([&] { taken = preTranslate(message); });
+  guarded([&] { taken = (tools_ && tools_->takes(message)) || preTranslate(message); });
   if (taken) return;
   ::TranslateMessage(&message);
   ::DispatchMessageW(&message);

@@ -104,6 +104,8 @@ void EngineWindow::makeParts() {
   boxes_ = std::make_unique<BoxWindows>(host, *layout_);
   page_ = std::make_unique<PageWindow>(host, *layout_, *boxes_, *pictures_);
   panel_ = std::make_unique<RecordPanel>(host);
+  tools_ = std::make_unique<EngineTools>(host, services_.messages, services_.sharedFiles, services_.settings);
+  tools_->open(handle());
   registerWidgets(::GetModuleHandleW(nullptr));
   makeMenu();
   makeTabs();

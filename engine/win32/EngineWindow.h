@@ -8,6 +8,7 @@
 
 #include "engine/win32/BoxWindows.h"
 #include "engine/win32/CalendarPopup.h"
+#include "engine/win32/EngineTools.h"
 #include "engine/win32/PageView.h"
 #include "engine/win32/PageWindow.h"
 #include "engine/win32/ToolBar.h"
@@ -106,12 +107,23 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   void showAbout(const MenuEntry&);
   void runProgram(const MenuEntry& entry);
   void exitProgram(const MenuEntry&);
+  void find(const MenuEntry&);
+  void replaceLine(const MenuEntry&);
+  void sort(const MenuEntry& entry);
+  void makeIndex(const MenuEntry&);
+  void newView(const MenuEntry&);
+  void deleteRecord(const MenuEntry&);
   bool always() const { return true; }
   bool mayWrite() const;
   bool mayCopy() const;
   bool mayCut() const;
   bool mayPaste() const;
   bool hasHelp() const;
+  bool isOpen() const { return session_->isOpen(); }
+  bool maySearch() const { return tools_->searches().maySearch(); }
+  bool maySort() const { return tools_->searches().maySort(); }
+  bool mayIndex() const { return tools_->searches().mayIndex(); }
+  bool mayReplace() const { return mayWrite() && maySearch(); }
   HWND focusedEdit() const;
   // Events (EngineEvents.cpp).
   bool preTranslate(const MSG& message);
@@ -133,6 +145,7 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   std::unique_ptr<PageWindow> page_;
   std::unique_ptr<ToolBar> toolBar_;
   std::unique_ptr<RecordPanel> panel_;
+  std::unique_ptr<EngineTools> tools_;
   PageView view_;
   CalendarPopup calendar_;
   std::array<HWND, 5> tabs_{};

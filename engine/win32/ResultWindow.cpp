@@ -91,12 +91,11 @@ void ResultWindow::begin(SearchResult& result, ResultRows rows, double now) {
   result_ = &result;
   stopped_ = closeAfter_ = false;
   drawn_ = ::GetTickCount64();
-  ListModel& model = *listModel(item(kListId));
-  model.setSource(nullptr);
+  setListSource(item(kListId), nullptr);
   source_ = std::make_unique<ResultSource>(result, std::move(rows));
-  model.setSource(source_.get());
+  setListSource(item(kListId), source_.get());
   setColumns(now);
-  listChanged(item(kListId));
+  refreshList(item(kListId));
   ::SetWindowTextW(handle(), wide(result.line + "  -  " + application_.title).c_str());
   setText(kStatusId, "");
   setText(IDCANCEL, caption(62, "Cancel"));
@@ -115,7 +114,7 @@ bool ResultWindow::running() {
   drawn_ = now;
   if (rows > source_->rows()) {
     source_->show(rows);
-    listChanged(item(kListId));
+    listRowsChanged(item(kListId));
   }
   setText(kStatusId, result_->status);
   pumpWaitingMessages(this);
@@ -124,20 +123,12 @@ bool ResultWindow::running() {
 
 void ResultWindow::finish() {
   source_->show(result_->rows());
-  listChanged(item(kListId));
+  listRowsChanged(item(kListId));
   setText(kStatusId, result_->status);
   setText(IDCANCEL, caption(65, "Close"));
   ::EnableWindow(item(IDCANCEL), TRUE);
   ::EnableWindow(item(kFindId), !result_->hits.empty());
   if (closeAfter_) ::PostMessageW(handle(), WM_CLOSE, 0, 0);
-}
-
-void ResultWindow::drop() {
-  if (!result_) return;
-  listModel(item(kListId))->setSource(nullptr);
-  result_ = nullptr;
-  source_.reset();
-  ::ShowWindow(handle(), SW_HIDE);
 }
 
 void ResultWindow::close() {
@@ -148,7 +139,10 @@ void ResultWindow::close() {
   }
   keepPlace(settings_, kPlace);
   SearchResult& result = *result_;
-  drop();
+  setListSource(item(kListId), nullptr);
+  result_ = nullptr;
+  source_.reset();
+  ::ShowWindow(handle(), SW_HIDE);
   events_.closed(result);
 }
 
@@ -161,8 +155,7 @@ void ResultWindow::command(int id, int notice) {
   } else if (id == kFindId) {
     events_.find(*result_);
   } else if (id == kListId && notice == kListRowChosen && !result_->running) {
-    const ListModel& model = *listModel(item(kListId));
-    if (const std::int32_t record = model.getContentNo(model.caret()); record > 0) events_.chosen(record);
+    if (const std::int32_t record = listCaretRowId(item(kListId)); record > 0) events_.chosen(record);
   }
 }
 
@@ -197,8 +190,13 @@ LRESULT ResultWindow::message(UINT message, WPARAM wide, LPARAM param) {
 }
 
 ResultWindows::ResultWindows(EngineHost& host, Searches& searches, Settings& settings,
-                             std::function<void(SearchResult*)> find)
-    : host_(host), searches_(searches), settings_(settings), findWithin_(std::move(find)) {}
+                             std::function<void(SearchResult*)> find,
+                             std::function<void(const SearchResult&)> closed)
+    : host_(host),
+      searches_(searches),
+      settings_(settings),
+      findWithin_(std::move(find)),
+      closed_(std::move(closed)) {}
 
 ResultWindow* ResultWindows::find(const SearchResult& result) const {
   for (const auto& window : windows_)
@@ -223,7 +221,10 @@ void ResultWindows::resultOpened(SearchResult& result) {
       if (shown) ::SetForegroundWindow(owner_);
     };
     events.find = [this](SearchResult& within) { findWithin_(&within); };
-    events.closed = [this](SearchResult& gone) { searches_.close(gone); };
+    events.closed = [this](SearchResult& gone) {
+      closed_(gone);
+      searches_.close(gone);
+    };
     auto made = std::make_unique<ResultWindow>(host_.application(), host_.session().locale(), settings_,
                                                std::move(events));
     if (!made->open(owner_, static_cast<int>(windows_.size()))) return;
@@ -245,7 +246,7 @@ void ResultWindows::resultFinished(SearchResult& result) {
 }
 
 void ResultWindows::closeAll() {
-  for (const auto& window : windows_) window->drop();
+  for (const auto& window : windows_) window->close();
 }
 
 bool ResultWindows::takes(const MSG& message) const {

@@ -51,8 +51,8 @@ class ResultWindow : public ToolWindow {
   void finish();
   bool shows(const SearchResult& result) const { return result_ == &result; }
   bool closed() const { return result_ == nullptr; }
-  // Closes without a word: its data is gone.
-  void drop();
+  // The window goes, and its result with it; during a run, it stops first.
+  void close();
 
  protected:
   LRESULT message(UINT message, WPARAM wide, LPARAM param) override;
@@ -60,7 +60,6 @@ class ResultWindow : public ToolWindow {
  private:
   void arrange();
   void setColumns(double now);
-  void close();
   void command(int id, int notice);
   const Locale& locale_;
   Settings& settings_;
@@ -75,9 +74,9 @@ class ResultWindow : public ToolWindow {
 // All of them: what the searches tell, and when a window goes.
 class ResultWindows : public SearchView {
  public:
-  // All must outlive this. find: opens the search line within a result.
+  // All must outlive this. find: opens the search line within a result; closed: a result goes.
   ResultWindows(EngineHost& host, Searches& searches, Settings& settings,
-                std::function<void(SearchResult*)> find);
+                std::function<void(SearchResult*)> find, std::function<void(const SearchResult&)> closed);
   void setOwner(HWND owner) { owner_ = owner; }
   void resultOpened(SearchResult& result) override;
   bool resultRunning(SearchResult& result) override;
@@ -95,6 +94,7 @@ class ResultWindows : public SearchView {
   Searches& searches_;
   Settings& settings_;
   std::function<void(SearchResult*)> findWithin_;
+  std::function<void(const SearchResult&)> closed_;
   HWND owner_ = nullptr;
   std::vector<std::unique_ptr<ResultWindow>> windows_;
 };

@@ -57,7 +57,7 @@ void SearchWindow::arrange() {
   put(IDCANCEL, wide - edge - 84, 78, 84, 26);
 }
 
-void SearchWindow::open(HWND owner, SearchResult* within) {
+void SearchWindow::open(HWND owner, SearchResult* within, const std::string& text) {
   if (!handle() && !make(owner)) return;
   within_ = within;
   const std::string label = searches_.session().tools().searchLabel;
@@ -68,6 +68,7 @@ void SearchWindow::open(HWND owner, SearchResult* within) {
   ::SendMessageW(item(kCaseId), BM_SETCHECK, searches_.matchCase ? BST_CHECKED : BST_UNCHECKED, 0);
   ::SendMessageW(item(kForwardId), BM_SETCHECK, searches_.upward ? BST_CHECKED : BST_UNCHECKED, 0);
   ::SendMessageW(item(kBackwardId), BM_SETCHECK, searches_.upward ? BST_UNCHECKED : BST_CHECKED, 0);
+  if (!text.empty()) setText(kLineId, text);
   fill();
   ::ShowWindow(handle(), SW_SHOW);
   ::SetForegroundWindow(handle());
@@ -120,7 +121,10 @@ void SearchWindow::run() {
 }
 
 void SearchWindow::forget(const SearchResult& result) {
-  if (within_ != &result) return;
+  if (within_ == &result) forget();
+}
+
+void SearchWindow::forget() {
   within_ = nullptr;
   if (visible()) hide();
 }

@@ -15,10 +15,12 @@ class SearchWindow : public ToolWindow {
   // All must outlive this.
   SearchWindow(EngineHost& host, Searches& searches, Settings& settings);
   // Shows the window for the object in focus, above `owner`. within: a result whose records alone are looked
-  // at, nullptr for all.
-  void open(HWND owner, SearchResult* within);
+  // at, nullptr for all. text: the line to begin from, if not empty.
+  void open(HWND owner, SearchResult* within, const std::string& text = {});
   // A result is gone: nothing is searched within it any more.
   void forget(const SearchResult& result);
+  // The data is gone.
+  void forget();
 
  protected:
   LRESULT message(UINT message, WPARAM wide, LPARAM param) override;
