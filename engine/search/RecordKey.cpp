@@ -1,8 +1,6 @@
 // Every kind of object in one place: what its stored bytes are.
 #include "engine/search/RecordKey.h"
 
-#include <cstring>
-
 namespace plinth {
 namespace {
 
@@ -13,13 +11,6 @@ KeyType typeOf(int fieldKind) {
   if (isDateKind(fieldKind)) return KeyType::date;
   if (isTimeKind(fieldKind)) return KeyType::time;
   return KeyType::text;
-}
-
-std::uint64_t littleBits(std::span<const std::uint8_t> bytes, std::size_t count) {
-  std::uint64_t bits = 0;
-  for (std::size_t i = 0; i < count && i < bytes.size(); ++i)
-    bits |= static_cast<std::uint64_t>(bytes[i]) << (8 * i);
-  return bits;
 }
 
 }  // namespace
@@ -78,21 +69,6 @@ std::optional<RecordKey> keyOf(const Application& application, const RecordLayou
   if (at == 0) return std::nullopt;
   key.position = at - 1;
   return key;
-}
-
-double keyNumber(std::span<const std::uint8_t> bytes) {
-  const std::uint64_t bits = littleBits(bytes, 8);
-  double value = 0;
-  std::memcpy(&value, &bits, sizeof value);
-  return value;
-}
-
-std::int64_t keyScaled(std::span<const std::uint8_t> bytes) {
-  return static_cast<std::int64_t>(littleBits(bytes, 8));
-}
-
-std::int32_t keyWhole(std::span<const std::uint8_t> bytes) {
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(littleBits(bytes, 4)));
 }
 
 std::string_view keyText(std::span<const std::uint8_t> bytes) {

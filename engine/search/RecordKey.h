@@ -2,7 +2,10 @@
 // they are.
 #pragma once
 
+#include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string>
@@ -34,11 +37,27 @@ struct RecordKey {
 std::optional<RecordKey> keyOf(const Application& application, const RecordLayout& layout,
                                FocusObject object);
 
+// A value as it is stored, little endian. REQUIRES sizeof(T) bytes.
+template <class T>
+T storedValue(const std::uint8_t* bytes) {
+  std::array<std::uint8_t, sizeof(T)> raw;
+  std::memcpy(raw.data(), bytes, raw.size());
+  if constexpr (std::endian::native == std::endian::big)
+    for (std::size_t i = 0; i < raw.size(); ++i) raw[i] = bytes[raw.size() - 1 - i];
+  return std::bit_cast<T>(raw);
+}
+
 // Values from a slot's bytes, which must no longer be substituted. bytes: from the key's position, at least
-// its length.
-double keyNumber(std::span<const std::uint8_t> bytes);        // kind 1
-std::int64_t keyScaled(std::span<const std::uint8_t> bytes);  // kinds 2 to 4 and 6 to 9: value x 10,000
-std::int32_t keyWhole(std::span<const std::uint8_t> bytes);   // kind 5
+// its length. Inline, since passes ask them of every record.
+inline double keyNumber(std::span<const std::uint8_t> bytes) {  // kind 1
+  return storedValue<double>(bytes.data());
+}
+inline std::int64_t keyScaled(std::span<const std::uint8_t> bytes) {  // kinds 2 to 4 and 6 to 9: x 10,000
+  return storedValue<std::int64_t>(bytes.data());
+}
+inline std::int32_t keyWhole(std::span<const std::uint8_t> bytes) {  // kind 5
+  return storedValue<std::int32_t>(bytes.data());
+}
 // A text without its padding (blanks and NULs at the end); a view into `bytes`.
 std::string_view keyText(std::span<const std::uint8_t> bytes);
 
