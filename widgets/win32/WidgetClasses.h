@@ -43,6 +43,13 @@ inline constexpr const wchar_t* kTabButtonClass = L"TabButton";
 // edges and corners it is sized. Tells the Band notices; every change is first asked by kBandMoving.
 inline constexpr const wchar_t* kUserSelClass = L"UserSel";
 
+// A list of many rows with columns, heads that sort and bars of its own; widgets/win32/ListPlus.h has its
+// calls. Its text is the name that assistive programs read. It tells the List notices and answers those
+// messages of a list box by which its rows are read: LB_GETCOUNT, LB_GETCURSEL, LB_SETCURSEL, LB_GETSEL,
+// LB_GETSELCOUNT, LB_GETTEXT, LB_GETTEXTLEN, LB_GETTOPINDEX, LB_SETTOPINDEX, LB_GETITEMRECT. The mark colour
+// of selected rows is the system's.
+inline constexpr const wchar_t* kListPlusClass = L"ListPlus";
+
 // Messages of the widgets. Colours are RGB with red in the low byte or, when negative, numbers of system
 // colours. Those of another widget do nothing and return 0.
 enum WidgetMessage : UINT {
@@ -79,6 +86,14 @@ enum WidgetMessage : UINT {
   // OptionBox.
   kOptionSetAppearance,  // wParam: 0 flat, 1 sunken (as at first)
 
+  // ListPlus.
+  kListSetSource,       // lParam: const ListSource*, or 0: the list begins anew
+  kListRowsChanged,     // the source has more, fewer or other rows; the position stays
+  kListRefresh,         // shows what was changed in the model
+  kListSetMultiSelect,  // wParam: mSelect: whether several rows can be marked
+  kListGetModel,        // returns the ListModel*
+  kListGetCaretRowId,   // returns the record number of the row with the caret, 0 for none
+
   // UserSel tells its parent: wParam its number, lParam RECT* in the parent's client pixels: where it wants
   // to be. The parent may change the rectangle.
   kBandMoving,
@@ -86,5 +101,14 @@ enum WidgetMessage : UINT {
 
 // Notices of UserSel, in the high word of WM_COMMAND's wParam.
 enum BandNotice : WORD { kBandPressed = 1, kBandMoved = 2, kBandReleased = 3 };
+
+// Notices of ListPlus, in the same place.
+enum ListNotice : WORD {
+  kListRowChosen = 1,     // clicked, or Enter
+  kListRowActivated,      // clicked twice
+  kListSelectionChanged,  // caret or marks
+  kListSorted,
+  kListColumnSized,
+};
 
 }  // namespace plinth

@@ -168,7 +168,7 @@ LRESULT WidgetProcedure::dispatch(HWND window, UINT message, WPARAM wide, LPARAM
 
 bool registerWidgets(HINSTANCE program) {
   return registerScrollBars(program) && registerComboBorder(program) && registerClickWidgets(program) &&
-         registerFrameWidgets(program);
+         registerFrameWidgets(program) && registerListPlus(program);
 }
 
 }  // namespace plinth

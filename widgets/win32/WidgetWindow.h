@@ -84,5 +84,6 @@ bool registerScrollBars(HINSTANCE program);
 bool registerComboBorder(HINSTANCE program);
 bool registerClickWidgets(HINSTANCE program);
 bool registerFrameWidgets(HINSTANCE program);
+bool registerListPlus(HINSTANCE program);
 
 }  // namespace plinth

@@ -1,0 +1,140 @@
+// Keys are made once, in one block of memory; texts carry their first letters beside them, which settles
+// most comparisons without a look at the rest.
+#include "widgets/ListSort.h"
+
+#include <algorithm>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+#include "basic/CodePage.h"
+#include "basic/DateSerial.h"
+#include "basic/NumberReader.h"
+
+namespace plinth {
+
+namespace {
+
+constexpr std::ptrdiff_t kShortRange = 16;
+
+// Sorts what lies between two bounds, in memory for the bounds alone. The larger half waits on the stack, so
+// that it never holds more than 64 ranges; random pivots keep ordered lists from being the slowest.
+template <class T, class Less>
+void veryQuickSort(std::vector<T>& items, Less less, std::minstd_rand& random) {
+  using Bounds = std::pair<std::ptrdiff_t, std::ptrdiff_t>;
+  std::vector<Bounds> stack{{0, static_cast<std::ptrdiff_t>(items.size()) - 1}};
+  while (!stack.empty()) {
+    auto [first, last] = stack.back();
+    stack.pop_back();
+    while (last - first >= kShortRange) {
+      const T pivot = items[static_cast<std::size_t>(
+          std::uniform_int_distribution<std::ptrdiff_t>(first, last)(random))];
+      std::ptrdiff_t low = first, high = last;
+      while (low <= high) {
+        while (less(items[static_cast<std::size_t>(low)], pivot)) ++low;
+        while (less(pivot, items[static_cast<std::size_t>(high)])) --high;
+        if (low > high) break;
+        std::swap(items[static_cast<std::size_t>(low++)], items[static_cast<std::size_t>(high--)]);
+      }
+      const Bounds before{first, high}, after{low, last};
+      const bool beforeIsLarger = high - first > last - low;
+      stack.push_back(beforeIsLarger ? before : after);
+      std::tie(first, last) = beforeIsLarger ? after : before;
+    }
+    for (std::ptrdiff_t i = first + 1; i <= last; ++i) {
+      const T moved = items[static_cast<std::size_t>(i)];
+      std::ptrdiff_t to = i;
+      for (; to > first && less(moved, items[static_cast<std::size_t>(to - 1)]); --to)
+        items[static_cast<std::size_t>(to)] = items[static_cast<std::size_t>(to - 1)];
+      items[static_cast<std::size_t>(to)] = moved;
+    }
+  }
+}
+
+struct NumberItem {
+  double value;
+  std::int32_t row;
+};
+
+struct TextItem {
+  std::uint64_t letters;  // the first eight, the first one highest
+  std::size_t offset;
+  std::uint32_t length;
+  std::int32_t row;
+};
+
+std::uint64_t firstLetters(std::string_view text) {
+  std::uint64_t letters = 0;
+  for (std::size_t i = 0; i < sizeof letters; ++i)
+    letters = letters << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+  return letters;
+}
+
+template <class T>
+std::vector<std::int32_t> rowsOf(const std::vector<T>& items) {
+  std::vector<std::int32_t> rows;
+  rows.reserve(items.size());
+  for (const T& item : items) rows.push_back(item.row);
+  return rows;
+}
+
+std::vector<std::int32_t> rowsByText(const ListSource& source, std::int32_t rows, const ListSorting& sorting,
+                                     int codePage, std::minstd_rand& random) {
+  std::string keys;
+  std::vector<TextItem> items;
+  items.reserve(static_cast<std::size_t>(rows));
+  for (std::int32_t row = 0; row < rows; ++row) {
+    const std::string key = lowerCase(source.cell(row, sorting.column), codePage);
+    items.push_back({firstLetters(key), keys.size(), static_cast<std::uint32_t>(key.size()), row});
+    keys += key;
+  }
+  const std::string_view all = keys;
+  veryQuickSort(
+      items,
+      [all, descending = sorting.descending](const TextItem& a, const TextItem& b) {
+        if (a.letters != b.letters) return (a.letters < b.letters) != descending;
+        const int order = all.substr(a.offset, a.length).compare(all.substr(b.offset, b.length));
+        if (order != 0) return (order < 0) != descending;
+        return a.row < b.row;
+      },
+      random);
+  return rowsOf(items);
+}
+
+double numberIn(std::string_view text, const Locale& locale) {
+  if (const auto number = readNumber(text, locale)) return *number;
+  if (text.find_first_of("0123456789") == std::string_view::npos)
+    return -std::numeric_limits<double>::infinity();
+  return val(normalizeNumber(text, locale));
+}
+
+double valueOf(const ListSource& source, std::int32_t row, const ListSorting& sorting, const Locale& locale,
+               double today) {
+  if (sorting.column == 0) return source.rowId(row);
+  const std::string text = source.cell(row, sorting.column);
+  if (sorting.key == ListKey::number) return numberIn(text, locale);
+  return readDate(text, locale, today).value_or(-std::numeric_limits<double>::infinity());
+}
+
+}  // namespace
+
+std::vector<std::int32_t> sortedRows(const ListSource& source, std::int32_t rows, const ListSorting& sorting,
+                                     const Locale& locale, double today, std::minstd_rand& random) {
+  if (sorting.column != 0 && sorting.key == ListKey::text)
+    return rowsByText(source, rows, sorting, locale.codePage, random);
+  std::vector<NumberItem> items;
+  items.reserve(static_cast<std::size_t>(rows));
+  for (std::int32_t row = 0; row < rows; ++row)
+    items.push_back({valueOf(source, row, sorting, locale, today), row});
+  veryQuickSort(
+      items,
+      [descending = sorting.descending](const NumberItem& a, const NumberItem& b) {
+        if (a.value < b.value) return !descending;
+        if (b.value < a.value) return descending;
+        return a.row < b.row;
+      },
+      random);
+  return rowsOf(items);
+}
+
+}  // namespace plinth
