@@ -1,11 +1,12 @@
-// One condition of a query made ready to be asked of a million records: everything that can be known before is
-// known, and nothing is allocated for a record.
+// One condition of a query made ready to be asked of a million records. It is asked of many at once, so that what
+// depends on the condition alone is decided once for all of them.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/Locale.h"
 #include "basic/Slots.h"
@@ -33,37 +34,48 @@ class QueryTotal {
   std::int64_t scaled_ = 0;  // value x 10,000
 };
 
+// Records as they are stored, one behind the other, of which rows name some by their number in it, from 0.
+struct SlotRun {
+  const std::uint8_t* slots = nullptr;
+  std::size_t recLen = 0;
+  const std::uint8_t* slot(std::int32_t row) const { return slots + static_cast<std::size_t>(row) * recLen; }
+};
+using SlotRows = std::vector<std::int32_t>;
+
 class ConditionTest {
  public:
   // The locale must outlive this.
   ConditionTest(const QueryCondition& condition, const Application& application, const Locale& locale,
                 bool matchCase);
 
-  // Whether the condition holds; one without an operator never does. slot: a record as it is stored.
-  bool holds(const std::uint8_t* slot) const;
-  // Adds the object's value of that record; false when it is none (not-a-number in a damaged file).
-  bool add(const std::uint8_t* slot, QueryTotal& total) const;
   bool hasOperator() const { return op_ != QueryOperator::none; }
+  // Removes the rows for which the condition does not hold; all of them where it has no operator.
+  void keep(SlotRun run, SlotRows& rows) const;
+  // Adds the object's values in these rows. How many they were: not-a-number in a damaged file is left out.
+  std::int64_t add(SlotRun run, const SlotRows& rows, QueryTotal& total) const;
 
  private:
-  const std::uint8_t* bytesOf(const std::uint8_t* slot) const;
-  std::string_view textOf(const std::uint8_t* slot) const;
-  bool textHolds(const std::uint8_t* slot) const;
+  template <class T>
+  auto storedAs() const;
+  template <class ValueOf, class T>
+  void keepCompared(SlotRun run, SlotRows& rows, ValueOf valueOf, T with) const;
+  void keepTexts(SlotRun run, SlotRows& rows) const;
   bool mayFit(const std::uint8_t* bytes) const;
-  std::int64_t secondsOf(std::string_view text) const;
+  std::string_view textOf(const std::uint8_t* slot) const;
+  bool differs(std::string_view text) const;
+  double timeOf(std::string_view text) const;
 
   RecordKey key_;
   QueryOperator op_;
-  bool scrambled_;
   double number_;
-  std::int64_t scaled_, seconds_ = 0;
+  std::int64_t scaled_;
   const Locale& locale_;
-  bool matchCase_, readable_;
+  bool scrambled_, matchCase_;
   int codePage_;
   std::string text_;
   TextMatch match_;
-  std::string start_;         // the plain characters that a text which fits begins with, folded
-  bool startIsAll_ = false;   // the pattern has no others
+  std::string start_;                    // the plain characters that a text which fits begins with, folded
+  bool startIsAll_ = false;              // the pattern has no others
   std::array<std::uint8_t, 256> plain_;  // a stored byte, no longer substituted and case folded
   mutable Bytes unscrambled_;
 };

@@ -1,4 +1,5 @@
-// One pass in large blocks: every record is tested where it was read, and only hits cost more.
+// One pass in large blocks: records are tested some hundred at a time where they were read, and only hits cost
+// more.
 #include "engine/search/QueryRun.h"
 
 #include <algorithm>
@@ -11,7 +12,10 @@ namespace {
 
 class QueryPass {
  public:
-  QueryPass(const Query& query, const QueryRunRequest& request) : query_(query), request_(request) {
+  QueryPass(const Query& query, const QueryRunRequest& request)
+      : query_(query),
+        request_(request),
+        recLen_(static_cast<std::size_t>(request.store.layout().recLen)) {
     std::int32_t first = request.store.layout().recLen, end = 0;
     for (const QueryCondition& condition : query.conditions) {
       tests_.emplace_back(condition, request.application, request.locale, request.matchCase);
@@ -39,57 +43,71 @@ class QueryPass {
   void overAll() {
     const std::int32_t count = request_.store.count();
     const bool down = listed_ && !request_.upward;
-    const auto wide = static_cast<std::size_t>(request_.store.layout().recLen);
     all_ = count;
     BlockReader reader(request_.store, {1, count, down}, part_);
     while (const auto block = reader.next()) {
-      const auto missing = reader.unreadable();
-      for (std::int32_t i = 0; i < block->count; ++i) {
-        const std::int32_t at = down ? block->count - 1 - i : i;
-        const std::int32_t record = block->first + at;
-        const bool readable =
-            missing.empty() || !std::binary_search(missing.begin(), missing.end(), record);
-        const std::uint8_t* slot = block->slots.data() + static_cast<std::size_t>(at) * wide;
-        if (!look(record, readable ? slot : nullptr)) return;
+      const SlotRun run{block->slots.data(), recLen_};
+      const auto recordOf = [&block](std::int32_t row) { return block->first + row; };
+      const auto lost = reader.unreadable();
+      for (std::int32_t done = 0; done < block->count; done += kRecordsPerStep) {
+        const std::int32_t batch = std::min(kRecordsPerStep, block->count - done);
+        rows_.clear();
+        for (std::int32_t i = done; i < done + batch; ++i) {
+          const std::int32_t row = down ? block->count - 1 - i : i;
+          if (!lost.empty() && std::binary_search(lost.begin(), lost.end(), recordOf(row)))
+            lose(recordOf(row));
+          else
+            rows_.push_back(row);
+        }
+        if (!look(run, recordOf) || !step(batch)) return;
       }
     }
   }
 
   void overGiven(const std::vector<std::int32_t>& records) {
     all_ = static_cast<std::int64_t>(records.size());
-    Bytes slot(static_cast<std::size_t>(request_.store.layout().recLen));
+    Bytes slot(recLen_);
     const auto part = std::span(slot).subspan(static_cast<std::size_t>(part_.position),
                                               static_cast<std::size_t>(part_.length));
     for (const std::int32_t record : records) {
-      const bool readable = request_.store.readPart(record, part_.position, part).ok();
-      if (!look(record, readable ? slot.data() : nullptr)) return;
+      rows_.clear();
+      if (request_.store.readPart(record, part_.position, part))
+        rows_.push_back(0);
+      else
+        lose(record);
+      if (!look({slot.data(), recLen_}, [record](std::int32_t) { return record; }) || !step(1)) return;
     }
   }
 
-  // slot: nullptr for a record that cannot be read. False stops the run.
-  bool look(std::int32_t record, const std::uint8_t* slot) {
-    if (!slot)
-      lose(record);
-    else if (!evaluate(record, slot))
-      return false;
-    if (++done_ % kRecordsPerStep != 0 || request_.progress.step(done_, all_)) return true;
-    outcome_.cancelled = true;
-    return false;
+  // Tells of the work when enough is done since the last time. False: cancelled.
+  bool step(std::int32_t records) {
+    done_ += records;
+    if (done_ < all_ && done_ - told_ < kRecordsPerStep) return true;
+    told_ = done_;
+    outcome_.cancelled = !request_.progress.step(done_, all_);
+    return !outcome_.cancelled;
   }
 
-  bool evaluate(std::int32_t record, const std::uint8_t* slot) {
+  // Evaluates rows_ of a run. False stops the pass.
+  template <class RecordOf>
+  bool look(SlotRun run, RecordOf recordOf) {
     if (listed_) {
-      for (const ConditionTest& test : tests_)
-        if (!test.holds(slot)) return true;
-      return query_.verb == QueryVerb::replace ? replaceIn(record) : found(record);
+      for (const ConditionTest& test : tests_) test.keep(run, rows_);
+      for (const std::int32_t row : rows_)
+        if (!hit(recordOf(row))) return false;
+      return true;
     }
     for (const ConditionTest& test : tests_) {
-      if (query_.verb == QueryVerb::count)
-        outcome_.hits += test.holds(slot);
-      else if (!test.hasOperator() || test.holds(slot))
-        outcome_.hits += test.add(slot, total_);
+      kept_ = rows_;
+      const bool counts = query_.verb == QueryVerb::count;
+      if (counts || test.hasOperator()) test.keep(run, kept_);
+      outcome_.hits += counts ? static_cast<std::int64_t>(kept_.size()) : test.add(run, kept_, total_);
     }
     return true;
+  }
+
+  bool hit(std::int32_t record) {
+    return query_.verb == QueryVerb::replace ? replaceIn(record) : found(record);
   }
 
   bool found(std::int32_t record) {
@@ -123,8 +141,10 @@ class QueryPass {
   const QueryRunRequest& request_;
   std::vector<ConditionTest> tests_;
   BlockReader::Part part_;
-  bool listed_ = false;  // records are taken one by one, in the direction asked for
-  std::int64_t done_ = 0, all_ = 0;
+  bool listed_ = false;  // all conditions together decide, in the direction asked for
+  std::size_t recLen_;
+  SlotRows rows_, kept_;
+  std::int64_t done_ = 0, told_ = 0, all_ = 0;
   QueryTotal total_;
   QueryOutcome outcome_;
 };
