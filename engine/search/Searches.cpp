@@ -30,7 +30,9 @@ class Searches::RunProgress : public Progress {
  public:
   RunProgress(Searches& searches, SearchResult& result) : searches_(searches), result_(result) {}
   void title(std::string_view) override {}
-  bool step(std::int64_t done, std::int64_t) override {
+  bool step(std::int64_t done, std::int64_t total) override {
+    result_.looked = done;
+    result_.toLook = total;
     const Locale& locale = searches_.session().locale();
     result_.status = counted(done, locale) + " / " +
                      counted(static_cast<std::int64_t>(result_.hits.size()), locale) + " " +
