@@ -33,6 +33,7 @@ struct SearchResult {
   std::vector<RecordKey> keys;  // of a plain search: the objects searched
   bool running = false, cancelled = false, usedIndex = false;
   std::int64_t count = 0;  // of hits, rows, replacements
+  std::int64_t looked = 0, toLook = 0;  // while a run goes on: records looked at, and all to be looked at
   double total = 0, average = 0;
   std::string status;  // the line below the list
   bool lists() const { return verb == QueryVerb::plain || verb == QueryVerb::select; }
