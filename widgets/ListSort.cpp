@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "basic/CodePage.h"
@@ -16,6 +17,7 @@ namespace plinth {
 namespace {
 
 constexpr std::ptrdiff_t kShortRange = 16;
+constexpr double kNoValue = -std::numeric_limits<double>::infinity();
 
 // Sorts what lies between two bounds, in memory for the bounds alone. The larger half waits on the stack, so
 // that it never holds more than 64 ranges; random pivots keep ordered lists from being the slowest.
@@ -103,17 +105,40 @@ std::vector<std::int32_t> rowsByText(const ListSource& source, std::int32_t rows
 
 double numberIn(std::string_view text, const Locale& locale) {
   if (const auto number = readNumber(text, locale)) return *number;
-  if (text.find_first_of("0123456789") == std::string_view::npos)
-    return -std::numeric_limits<double>::infinity();
+  if (text.find_first_of("0123456789") == std::string_view::npos) return kNoValue;
   return val(normalizeNumber(text, locale));
 }
 
-double valueOf(const ListSource& source, std::int32_t row, const ListSorting& sorting, const Locale& locale,
-               double today) {
-  if (sorting.column == 0) return source.rowId(row);
-  const std::string text = source.cell(row, sorting.column);
-  if (sorting.key == ListKey::number) return numberIn(text, locale);
-  return readDate(text, locale, today).value_or(-std::numeric_limits<double>::infinity());
+// Reading a date is slow, and long columns repeat the same few thousand days.
+class KnownDates {
+ public:
+  KnownDates(const Locale& locale, double today) : locale_(locale), today_(today) {}
+  double value(const std::string& text) {
+    const auto found = known_.find(text);
+    if (found != known_.end()) return found->second;
+    const double value = readDate(text, locale_, today_).value_or(kNoValue);
+    if (known_.size() < kMostKnown) known_.emplace(text, value);
+    return value;
+  }
+
+ private:
+  static constexpr std::size_t kMostKnown = 20000;
+  const Locale& locale_;
+  double today_;
+  std::unordered_map<std::string, double> known_;
+};
+
+std::vector<NumberItem> numberItems(const ListSource& source, std::int32_t rows, const ListSorting& sorting,
+                                    const Locale& locale, double today) {
+  std::vector<NumberItem> items;
+  items.reserve(static_cast<std::size_t>(rows));
+  KnownDates dates(locale, today);
+  for (std::int32_t row = 0; row < rows; ++row)
+    items.push_back({sorting.column == 0               ? source.rowId(row)
+                     : sorting.key == ListKey::number ? numberIn(source.cell(row, sorting.column), locale)
+                                                      : dates.value(source.cell(row, sorting.column)),
+                     row});
+  return items;
 }
 
 }  // namespace
@@ -122,10 +147,7 @@ std::vector<std::int32_t> sortedRows(const ListSource& source, std::int32_t rows
                                      const Locale& locale, double today, std::minstd_rand& random) {
   if (sorting.column != 0 && sorting.key == ListKey::text)
     return rowsByText(source, rows, sorting, locale.codePage, random);
-  std::vector<NumberItem> items;
-  items.reserve(static_cast<std::size_t>(rows));
-  for (std::int32_t row = 0; row < rows; ++row)
-    items.push_back({valueOf(source, row, sorting, locale, today), row});
+  std::vector<NumberItem> items = numberItems(source, rows, sorting, locale, today);
   veryQuickSort(
       items,
       [descending = sorting.descending](const NumberItem& a, const NumberItem& b) {
