@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
-
-#include "engine/search/PlainTerms.h"
 #include "tests/engine/search/ShopRecords.h"
 #include "tests/fakes/FakeProgress.h"
 
@@ -28,10 +25,11 @@ struct Search {
   Records operator()(const std::string& line, FocusKind kind, int index) {
     hits.clear();
     lost.clear();
-    outcome = runPlainSearch(line, kind == FocusKind::none ? RecordKey{} : shop.key(kind, index),
-                             {*shop.store, shop.application, englishLocale(), shop.shared, shop.data, matchCase,
-                              upward, kTestNow, progress, [this](std::int32_t r) { hits.push_back(r); },
-                              [this](std::int32_t r) { lost.push_back(r); }, within});
+    const auto hit = [this](std::int32_t record) { hits.push_back(record); };
+    const auto unreadable = [this](std::int32_t record) { lost.push_back(record); };
+    const PlainSearchRequest request{*shop.store, shop.application, englishLocale(), shop.shared, shop.data,
+                                     matchCase, upward, kTestNow, progress, hit, unreadable, within};
+    outcome = runPlainSearch(line, kind == FocusKind::none ? RecordKey{} : shop.key(kind, index), request);
     EXPECT_EQ(outcome.hits, static_cast<std::int64_t>(hits.size()));
     return hits;
   }
@@ -46,7 +44,6 @@ struct Search {
 };
 
 void addGoods(ShopRecords& shop) {
-  RecordForm first = shop.form();
   shop.add({"Anna Berg", "9.50", "10", "2026-03-01", "", "2:30 PM", "14:30:05", "0.1", "14:30"});
   shop.add({"a* Hotel", "10.00", "11", "", "", "2:30 AM", "02:30", "1e+20", "2:30"});
   shop.add({"Bertha", "-3.25", "19", "2026-12-24", "", "12:00 PM", "00:10", "-7", "12:05"});
@@ -72,26 +69,19 @@ TEST(PlainSearch, ReadsTheLineByTheKindOfTheObject) {
   const std::vector<Case> cases{
       {kField, 1, " AN ", {1}},
       {kField, 1, "AN", {}, true},
-      {kField, 1, "an", {}, true},
       {kField, 1, "nna", {1}, true},
       {kField, 1, "\xe9mile", {4}},
-      {kField, 1, "\xe9mile", {}, true},
       {kField, 1, "a*", {1, 2}},  // as it stands in the second, as a pattern in the first
       {kField, 1, "*[gl]", {1, 2}},
       {kField, 1, "b?rtha", {3}},
       {kField, 1, "berg + ann", {1}},
       {kField, 1, "berg+hotel", {}},
-      {kField, 1, "berg+", {1}},
       {kField, 1, "hotel OR bert", {2, 3}},
-      {kField, 1, "hotel or ", {}},  // trimmed before it is split
-      {kField, 1, "", {}},
       {kField, 1, " ! ", {}},
       {kField, 1, "+", {}},
-      {kField, 2, "10", {2}},
       {kField, 2, "9.5><1,000.5", {2}},
       {kField, 2, "<>10", {1, 3, 4}},
       {kField, 2, ">= 10", {2, 4}},
-      {kField, 2, "<=-3.25", {3}},
       {kField, 2, ">5 + <10", {1}},
       {kField, 2, "-3.25 or =1000.50", {3, 4}},
       {kField, 2, "Anna", {}},
@@ -104,7 +94,6 @@ TEST(PlainSearch, ReadsTheLineByTheKindOfTheObject) {
       {kField, 4, "3/1/2026", {1}},
       {kField, 4, "1 March 2026", {1}},
       {kField, 4, ">2026-03-01", {3}},
-      {kField, 4, "2026-03-01><2026-12-25", {3}},
       {kField, 4, "<>2026-03-01", {2, 3, 4}},
       {kField, 4, "12-24", {3}},  // too short for a date
       {kField, 4, "*-0?-*", {1}},
@@ -112,18 +101,14 @@ TEST(PlainSearch, ReadsTheLineByTheKindOfTheObject) {
       {kField, 6, "230", {2}},
       {kField, 6, "2.30 p", {1}},
       {kField, 6, "1430", {1}},
-      {kField, 6, "12:00 pm", {3}},
       {kField, 6, "1:00><3:00", {2}},
       {kField, 6, "a or p", {1, 2, 3}},  // no digits: as text
       {kField, 7, "143005", {1}},
       {kField, 7, "230", {2}},
       {kField, 7, ">2:30", {1}},
       {kField, 9, "12:05", {3}},
-      {kField, 9, "02:30 p", {1}},
-      {FocusKind::check, 0, "1", {4}},
       {FocusKind::check, 0, "<1", {1, 2, 3}},
       {FocusKind::combo, 1, "net", {4}},
-      {FocusKind::memo, 1, "d\r\nw", {4}},
       {FocusKind::memo, 1, "*wine", {4}},
   };
   for (const bool scrambled : {false, true}) {
