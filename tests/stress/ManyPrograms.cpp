@@ -151,11 +151,12 @@ int runAll() {
   supervisor.run(std::chrono::seconds(seconds));
   std::int32_t count = 0;
   const Harm harm = inspect(shared, folder + "/Stress.dbd", count);
-  if (harm.empty + harm.torn > supervisor.kills()) fault(shared, "more records are harmed than programs were killed");
+  if (harm.empty + harm.torn > supervisor.kills())
+    fault(shared, "more records are harmed than programs were killed");
   std::printf(
-      "%d s, %d programs killed: %d records, %lld added, %lld edited, %lld times refused by a lock, %lld replaced, "
-      "%lld found, %lld sorts; left empty by a kill %d, torn by a kill %d; read again %lld; longest step %d ms; "
-      "faults %d\n",
+      "%d s, %d programs killed: %d records, %lld added, %lld edited, %lld times refused by a lock, "
+      "%lld replaced, %lld found, %lld sorts; left empty by a kill %d, torn by a kill %d; read again %lld; "
+      "longest step %d ms; faults %d\n",
       seconds, supervisor.kills(), count, static_cast<long long>(shared.appends),
       static_cast<long long>(shared.edits), static_cast<long long>(shared.refused),
       static_cast<long long>(shared.replaced), static_cast<long long>(shared.found),

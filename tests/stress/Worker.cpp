@@ -1,5 +1,6 @@
-// What a program does and how it knows that a record was harmed: each record carries a checksum over its texts
-// and a version that every save of its content raises by one, so that a save that was lost shows as well.
+// What a program does and how it knows that a record was harmed: each record carries a checksum over its
+// texts and a version that every save of its content raises by one, so that a save that was lost shows as
+// well.
 #include "tests/stress/Worker.h"
 
 #include <sys/mman.h>
@@ -37,7 +38,8 @@ const std::string& text(const RecordForm& form, int n) {
 std::string checksum(const RecordForm& form) {
   std::uint64_t hash = 14695981039346656037ull;
   for (const std::string& part :
-       {text(form, kWriter), text(form, kVersion), text(form, kName), text(form, kAmount), form.memos[1].text})
+       {text(form, kWriter), text(form, kVersion), text(form, kName), text(form, kAmount),
+        form.memos[1].text})
     for (const char c : part + "|") hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ull;
   char digits[17];
   std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
@@ -257,14 +259,16 @@ class Program {
       highest = std::max(highest, record);
     };
     shared_.found += runPlainSearch("w" + std::to_string(below(10)), key, request).hits;
-    if (lowest < 1 || highest > store_->count()) fault(shared_, "a search found a record that does not exist");
+    if (lowest < 1 || highest > store_->count())
+      fault(shared_, "a search found a record that does not exist");
   }
 
   void sort() {
     const FocusObject object{FocusKind::field, below(2) == 0 ? kName : kAmount};
     NoProgress progress;
     auto sorted = sortRecords(*keyOf(application_, store_->layout(), object),
-                              {*store_, application_, systemSharedFiles(), data_, englishLocale(), progress, {}});
+                              {*store_, application_, systemSharedFiles(), data_, englishLocale(), progress,
+                               {}});
     if (!sorted) return fault(shared_, "sort: " + sorted.error().text);
     std::sort(sorted->order.begin(), sorted->order.end());
     const std::int32_t last = store_->count();

@@ -1,5 +1,6 @@
-// One program of the stress test: it appends, edits, replaces, searches and sorts on the common data file until
-// it is told to end, or is killed. What it did stands in memory that all programs and their parent share.
+// One program of the stress test: it appends, edits, replaces, searches and sorts on the common data file
+// until it is told to end, or is killed. What it did stands in memory that all programs and their parent
+// share.
 #pragma once
 
 #include <atomic>
