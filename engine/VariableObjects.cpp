@@ -170,6 +170,12 @@ void VariableObjects::select(VariableRef object) {
   selectedRecord_ = session_.form().record;
 }
 
+void VariableObjects::deselect() {
+  dragging_ = false;
+  select({});
+  told();
+}
+
 bool VariableObjects::changed() const {
   return changedRecord_ != 0 && changedRecord_ == session_.form().record && session_.dirty();
 }
@@ -307,8 +313,7 @@ bool VariableObjects::keyDown(const KeyEvent& key) {
     else if (tool_ != Tool::pointer)
       chooseTool(Tool::pointer);
     else
-      select({});
-    told();
+      deselect();
     return true;
   }
   const VariableRef object = selection();
@@ -396,8 +401,7 @@ bool VariableObjects::remove() {
     else
       form.variablePictures[n].visible = false;
   });
-  if (done) select({});
-  told();
+  if (done) deselect();
   return done;
 }
 

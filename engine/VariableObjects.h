@@ -93,6 +93,7 @@ class VariableObjects {
 
   // --- The selected object; none as soon as another record or page shows.
   VariableRef selection() const;
+  void deselect();
   const VariableLabel* selectedLabel() const;
   // New text of the selected label. False when it was refused (with a message when there is no room for it).
   bool setText(const std::string& text);

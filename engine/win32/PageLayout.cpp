@@ -45,6 +45,11 @@ FontSpec PageLayout::font(const PayloadFont& font) const {
           application_.charSet};
 }
 
+FontSpec PageLayout::labelFont(const VariableLabel& label) const {
+  return {application_.payload.header.fontName, static_cast<float>(std::clamp(label.fontSize, 1, 200)),
+          label.bold, label.italic, label.underline, label.charSet};
+}
+
 BoxPlace PageLayout::field(int n) const {
   const PayloadField& row = application_.field(n);
   const RectPx text = placePx(row.left, row.top, row.width, row.height);
@@ -162,18 +167,12 @@ void PageLayout::addFree(PageItems& items, const RecordForm& form, int page, Pag
   for (std::size_t i = 0; i < form.labels.size(); ++i) {
     const VariableLabel& row = form.labels[i];
     if (!row.visible || !Application::onPage(row.page, page)) continue;
-    const FontSpec look{application_.payload.header.fontName,
-                        static_cast<float>(std::clamp(row.fontSize, 1, 200)),
-                        row.bold,
-                        row.italic,
-                        row.underline,
-                        row.charSet};
-    const SizePx size = measure_(row.text, look);
+    const SizePx size = labelSize(row);
     add(items, PagePart::label, static_cast<int>(i),
         TitleItem{{placePx(static_cast<float>(row.left)), placePx(static_cast<float>(row.top)), size.width,
                    size.height},
                   row.text,
-                  look,
+                  labelFont(row),
                   plainColor(row.foreColor),
                   TextAlign::left});
   }
@@ -195,6 +194,14 @@ int PageLayout::linkAt(PointPx point, const RecordForm& form, int page) const {
     if (Application::onPage(application_.titleRow(n).page, page) && title(n, form).contains(point)) return n;
   }
   return 0;
+}
+
+int PageLayout::dataPictureAt(PointPx point, int page) const {
+  for (int n = application_.pictureCount(); n >= 0; --n) {
+    const PayloadPicture& row = application_.picture(n);
+    if (row.isData() && Application::onPage(row.page, page) && picture(n).contains(point)) return n;
+  }
+  return -1;
 }
 
 }  // namespace plinth

@@ -46,6 +46,9 @@ class PageLayout {
   RectPx picture(int n) const;
   RectPx title(int n, const RecordForm& form) const;
   FontSpec font(const PayloadFont& font) const;
+  // A free label: its font and the room that its text takes up.
+  FontSpec labelFont(const VariableLabel& label) const;
+  SizePx labelSize(const VariableLabel& label) const { return measure_(label.text, labelFont(label)); }
   int lineHeight(const PayloadFont& font) const { return measure_("Wg", this->font(font)).height; }
 
   // What is painted on a page (0 to 4), back to front: squares, lines, pictures, titles, frames of boxes, and
@@ -53,6 +56,8 @@ class PageLayout {
   PageItems items(const RecordForm& form, int page, PagePictures& pictures) const;
   // The link title at a point; 0 for none.
   int linkAt(PointPx point, const RecordForm& form, int page) const;
+  // The topmost picture of records at a point; -1 for none.
+  int dataPictureAt(PointPx point, int page) const;
 
  private:
   void addShapes(PageItems& items, int page) const;

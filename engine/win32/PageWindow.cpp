@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "engine/win32/Keyboard.h"
 #include "platform/win32/GdiBitmap.h"
 #include "widgets/PagePainter.h"
 
@@ -16,6 +17,7 @@ bool PageWindow::open(HWND parent) {
   request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
   request.extended = WS_EX_CONTROLPARENT;
   request.parent = parent;
+  request.classStyle = CS_DBLCLKS;
   return create(request);
 }
 
@@ -45,6 +47,7 @@ void PageWindow::paint() {
     if (item.ref.kind == static_cast<int>(PagePart::title))
       titlePlaces_[item.ref.index] = boundsOf(item.shape);
   paintPage(items, canvas, clip);
+  if (gestures_) gestures_->paintMarks(canvas);
 }
 
 void PageWindow::repaintTitle(int n) {
@@ -70,23 +73,76 @@ bool PageWindow::pointer() const {
   POINT at = {};
   ::GetCursorPos(&at);
   ::ScreenToClient(handle(), &at);
+  const PointPx point = pagePoint(MAKELPARAM(at.x, at.y));
   const RecordSession& session = host_.session();
-  if (layout_.linkAt(pagePoint(MAKELPARAM(at.x, at.y)), session.form(), session.currentPage()) == 0)
-    return false;
   constexpr WORD kHand = 32649;
-  ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(kHand)));
+  WORD shape = gestures_ ? gestures_->pointerAt(point) : 0;
+  if (shape == 0 && layout_.linkAt(point, session.form(), session.currentPage()) != 0) shape = kHand;
+  if (shape == 0) return false;
+  ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(shape)));
   return true;
 }
 
-void PageWindow::press(PointPx point) {
+void PageWindow::press(PointPx point, bool twice) {
   RecordSession& session = host_.session();
-  if (const int link = layout_.linkAt(point, session.form(), session.currentPage()))
+  if (gestures_ && gestures_->press(point, twice)) {
+    if (gestures_->dragging()) ::SetCapture(handle());
+  } else if (const int link = layout_.linkAt(point, session.form(), session.currentPage())) {
     host_.act([&] { session.titleClick(link); });
-  else
+  } else {
     boxes_.focusBoxAt(point);
+  }
+}
+
+void PageWindow::endDrag() {
+  if (gestures_) gestures_->release();
+  if (::GetCapture() == handle()) ::ReleaseCapture();
+}
+
+// By the mouse the menu opens where it is, by the keyboard at the page's corner that is in view.
+bool PageWindow::menu(LPARAM param) {
+  POINT screen{GET_X_LPARAM(param), GET_Y_LPARAM(param)};
+  if (param == -1) {
+    RECT view = {};
+    ::GetWindowRect(::GetParent(handle()), &view);
+    screen = {view.left, view.top};
+  }
+  POINT at = screen;
+  ::ScreenToClient(handle(), &at);
+  return gestures_->menu(param == -1 ? PointPx{-1, -1} : pagePoint(MAKELPARAM(at.x, at.y)), screen);
+}
+
+// The messages of hand and keyboard that the gestures may want; true when done with.
+bool PageWindow::gesture(UINT message, WPARAM wide, LPARAM param) {
+  switch (message) {
+    case WM_MOUSEMOVE:
+      if (::GetCapture() != handle()) return false;
+      gestures_->drag(pagePoint(param));
+      if (!gestures_->dragging()) endDrag();
+      return true;
+    case WM_LBUTTONUP:
+      endDrag();
+      return true;
+    case WM_CAPTURECHANGED:
+      gestures_->release();
+      return true;
+    case WM_CONTEXTMENU:
+      return reinterpret_cast<HWND>(wide) == handle() && menu(param);
+    case WM_KEYDOWN:
+      return gestures_->key(keyEvent(static_cast<int>(wide)));
+    case WM_SETFOCUS:
+      host_.focusMoved(handle());
+      return true;
+    case WM_KILLFOCUS:
+      gestures_->keyboardLost();
+      return true;
+    default:
+      return false;
+  }
 }
 
 LRESULT PageWindow::message(UINT message, WPARAM wide, LPARAM param) {
+  if (gestures_ && gesture(message, wide, param)) return 0;
   switch (message) {
     case WM_ERASEBKGND:
       return 1;
@@ -94,7 +150,8 @@ LRESULT PageWindow::message(UINT message, WPARAM wide, LPARAM param) {
       paint();
       return 0;
     case WM_LBUTTONDOWN:
-      press(pagePoint(param));
+    case WM_LBUTTONDBLCLK:
+      press(pagePoint(param), message == WM_LBUTTONDBLCLK);
       return 0;
     case WM_SETCURSOR:
       if (reinterpret_cast<HWND>(wide) == handle() && LOWORD(param) == HTCLIENT && pointer()) return TRUE;

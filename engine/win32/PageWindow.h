@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/win32/BoxWindows.h"
+#include "engine/win32/PageGestures.h"
 #include "engine/win32/PictureFiles.h"
 #include "engine/win32/Window.h"
 
@@ -13,6 +14,8 @@ class PageWindow : public Window {
   PageWindow(EngineHost& host, const PageLayout& layout, BoxWindows& boxes, PictureFiles& pictures)
       : host_(host), layout_(layout), boxes_(boxes), pictures_(pictures) {}
   bool open(HWND parent);
+  // Who gets what the hand does beside the boxes; must outlive this or be taken back with nullptr.
+  void setGestures(PageGestures* gestures) { gestures_ = gestures; }
   // Size in device pixels at the host's present scale.
   SIZE size() const;
   // Everything may have changed.
@@ -27,11 +30,15 @@ class PageWindow : public Window {
   void paint();
   PointPx pagePoint(LPARAM point) const;
   bool pointer() const;
-  void press(PointPx point);
+  void press(PointPx point, bool twice);
+  void endDrag();
+  bool gesture(UINT message, WPARAM wide, LPARAM param);
+  bool menu(LPARAM param);
   EngineHost& host_;
   const PageLayout& layout_;
   BoxWindows& boxes_;
   PictureFiles& pictures_;
+  PageGestures* gestures_ = nullptr;
   std::map<int, RectPx> titlePlaces_;
 };
 

@@ -35,6 +35,10 @@ std::shared_ptr<Image> PictureFiles::freePicture(std::int32_t number) {
 
 std::shared_ptr<Image> PictureFiles::background() { return at(session_->start().background); }
 
+void PictureFiles::forgetMissing() {
+  std::erase_if(images_, [](const auto& entry) { return entry.second == nullptr; });
+}
+
 std::vector<int> PictureFiles::damagedPictures() {
   std::vector<int> damaged;
   for (int n = 0; n <= session_->application().pictureCount(); ++n) {

@@ -21,6 +21,8 @@ class PictureFiles : public PagePictures {
   std::shared_ptr<Image> dataPicture(int n) override;
   std::shared_ptr<Image> freePicture(std::int32_t number) override;
   std::shared_ptr<Image> background();
+  // Names that led to no picture are looked up again: a file may be there by now.
+  void forgetMissing();
   // The data pictures of the present record whose file is there but is no picture.
   std::vector<int> damagedPictures();
 
