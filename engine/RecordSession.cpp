@@ -38,7 +38,7 @@ std::string RecordSession::windowTitle() const {
 }
 
 UserTable* RecordSession::editUsers() {
-  if (!login_ || !login_->mainUser) return nullptr;
+  if (!mayEditUsers()) return nullptr;
   usersEdited_ = true;
   return &start_.users;
 }

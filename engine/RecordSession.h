@@ -79,7 +79,10 @@ class RecordSession {
   const std::optional<Login>& login() const { return login_; }
   // The window's title: the application's, with the user's name behind it for an ordinary user.
   std::string windowTitle() const;
-  // The tables, for the main user only; nullptr for all others. Editing marks them as changed.
+  // Whether the tables may be seen and changed: the main user may, and everybody while there is no main
+  // password.
+  bool mayEditUsers() const { return login_ ? login_->mainUser : !start_.loginRequired; }
+  // The tables to be changed, marked as such; nullptr for whom may not.
   UserTable* editUsers();
 
   // --- Database.
@@ -142,6 +145,8 @@ class RecordSession {
   void fieldLostFocus(int n);
   // The calendar of a DownB button: a day (serial) for a date field.
   void fieldDatePicked(int n, double serial);
+  // Puts a number (text in the locale's form) into the field in focus; false when that takes no number now.
+  bool fieldNumberPicked(std::string_view number);
   void actionClick();  // the action tool
   // Pause key twice: the stop-watch of Timer1 runs; the window ticks it some times a second.
   bool stopWatchRunning() const { return stopWatchField_ != 0; }

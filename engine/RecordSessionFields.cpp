@@ -171,6 +171,18 @@ void RecordSession::fieldDatePicked(int n, double serial) {
   runFormulas();
 }
 
+bool RecordSession::fieldNumberPicked(std::string_view number) {
+  const int n = focusIndex_;
+  if (focusKind_ != 1 || !liveField(n) || !isNumberKind(application().field(n).fieldType)) return false;
+  if (!mayEdit(field(n).locked) || !beginEdit()) return false;
+  const EnteredField entered = enterField(application(), n, number, {field(n).text, field(n).date},
+                                          services_.clock.now(), services_.locale);
+  setField(n, entered.text, entered.date);
+  rememberFocused();
+  runFormulas();
+  return true;
+}
+
 void RecordSession::actionClick() {
   if (focusKind_ != 1 || !liveField(focusIndex_)) return;
   const std::string& text = field(focusIndex_).text;

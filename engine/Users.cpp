@@ -42,13 +42,6 @@ bool loginRequired(const UserTable& users) { return !users.passwords[0].empty();
 
 bool loginAsksName(const UserTable& users) { return !users.names[0].empty(); }
 
-bool knownUserName(const UserTable& users, std::string_view name) {
-  if (name.empty()) return false;
-  for (const std::string& known : users.names)
-    if (known == name) return true;
-  return false;
-}
-
 std::optional<Login> checkLogin(const UserTable& users, std::string_view name, std::string_view password) {
   const bool byName = loginAsksName(users);
   if (byName && name.empty()) return std::nullopt;
@@ -56,7 +49,7 @@ std::optional<Login> checkLogin(const UserTable& users, std::string_view name, s
     const std::size_t at = static_cast<std::size_t>(i);
     if (byName && users.names[at] != name) continue;
     if (opens(users.passwords[at], password))
-      return Login{i, i == 0, users.readOnly[at] != 0, users.names[at]};
+      return Login{i, opens(users.passwords[0], password), users.readOnly[at] != 0, users.names[at]};
   }
   return std::nullopt;
 }

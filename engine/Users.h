@@ -30,12 +30,9 @@ std::string decodePassword(std::string_view stored);
 bool loginRequired(const UserTable& users);
 // Whether the login asks for a name before the password: entry 0 has a name.
 bool loginAsksName(const UserTable& users);
-// Whether some entry has this name, which then lets the password be asked for. Names may not be empty.
-bool knownUserName(const UserTable& users, std::string_view name);
-
 struct Login {
   int user = 0;           // index in the table
-  bool mainUser = false;  // may see and change the tables
+  bool mainUser = false;  // the password is the main one: may see and change the tables
   bool readOnly = false;
   std::string name;
 };

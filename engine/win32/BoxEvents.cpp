@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 
+#include "engine/BoxMenu.h"
 #include "engine/win32/Keyboard.h"
 #include "engine/win32/Window.h"
 #include "platform/win32/GdiBitmap.h"
@@ -53,10 +54,48 @@ std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM 
       if (!ch) return 0;
       return ::DefSubclassProc(window, message, *ch, param);
     }
+    case WM_CONTEXTMENU:
+      openMenu(window, param);
+      return 0;
     default:
       break;
   }
   return std::nullopt;
+}
+
+// point: on the screen; -1 by the keyboard, then it opens at the box.
+void BoxWindows::openMenu(HWND edit, LPARAM point) {
+  ::SetFocus(edit);
+  // The session learns first which box it is.
+  host_.act([] {});
+  BoxMenuState state;
+  DWORD from = 0, to = 0;
+  ::SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  state.canUndo = ::SendMessageW(edit, EM_CANUNDO, 0, 0) != 0;
+  state.hasSelection = from != to;
+  state.canWrite = (::GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY) == 0;
+  state.canPaste = ::IsClipboardFormatAvailable(CF_UNICODETEXT);
+  const std::vector<BoxMenuRow> rows = boxMenu(
+      app(), host_.session().tools(), state, [this](const MenuEntry& entry) { return host_.mayRun(entry); });
+  const MenuHandle menu(::CreatePopupMenu());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].separatorBefore) ::AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+    ::AppendMenuW(menu.get(), rows[i].enabled ? MF_STRING : MF_STRING | MF_GRAYED, i + 1,
+                  wide(rows[i].caption).c_str());
+  }
+  POINT at{static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
+  if (point == -1) {
+    RECT box = {};
+    ::GetWindowRect(edit, &box);
+    at = {box.left, box.bottom};
+  }
+  const int chosen =
+      ::TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0, edit, nullptr);
+  if (chosen <= 0 || static_cast<std::size_t>(chosen) > rows.size()) return;
+  const BoxMenuRow& row = rows[static_cast<std::size_t>(chosen - 1)];
+  if (row.command == BoxCommand::entry) return host_.choose(*row.entry);
+  static constexpr UINT kMessages[] = {EM_UNDO, WM_CUT, WM_COPY, WM_PASTE};
+  ::SendMessageW(edit, kMessages[static_cast<int>(row.command)], 0, 0);
 }
 
 // True when the key is used up.

@@ -84,6 +84,7 @@ class BoxWindows {
   std::optional<LRESULT> boxMessage(HWND window, UINT message, WPARAM wide, LPARAM param, BoxId box);
   bool keyDown(HWND window, BoxId box, int key);
   std::optional<wchar_t> keyPress(HWND window, BoxId box, wchar_t ch);
+  void openMenu(HWND edit, LPARAM point);
   void gotFocus(BoxId box, HWND control);
   void edited(BoxId box, HWND control);
   void comboNotice(int n, int notice, HWND control);

@@ -27,6 +27,9 @@ class EngineHost {
   // A control has the focus now; it gets it back when the window returns to the front.
   virtual void focusMoved(HWND control) = 0;
   virtual void setToolTip(HWND control, const std::string& text) = 0;
+  // Whether an entry of the application's menus can be chosen now; choosing it, as from the menu bar.
+  virtual bool mayRun(const MenuEntry& entry) const = 0;
+  virtual void choose(const MenuEntry& entry) = 0;
 };
 
 }  // namespace plinth

@@ -41,11 +41,15 @@ TEST(Users, OnlyAMatchingEntryLogsIn) {
   users.names[0] = "Ann";
   users.names[3] = "Bob";
   EXPECT_TRUE(loginAsksName(users));
-  EXPECT_TRUE(knownUserName(users, "Bob"));
-  EXPECT_FALSE(knownUserName(users, ""));
   EXPECT_FALSE(checkLogin(users, "Bob", "boss"));
   EXPECT_FALSE(checkLogin(users, "", "boss"));
   EXPECT_EQ(checkLogin(users, "Bob", "guest")->name, "Bob");
+  EXPECT_FALSE(checkLogin(users, "Bob", "guest")->mainUser);
+  // Who knows the main password is the main user under every name.
+  users.passwords[4] = encodePassword("boss");
+  users.names[4] = "Deputy";
+  EXPECT_EQ(checkLogin(users, "Deputy", "boss")->user, 4);
+  EXPECT_TRUE(checkLogin(users, "Deputy", "boss")->mainUser);
 }
 
 TEST(CfgFile, KeepsTitlesGlobalFieldsAndUsers) {
