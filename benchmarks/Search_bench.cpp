@@ -1,7 +1,8 @@
 // Searches, sorts, indexes and single records over a million contacts, beside SQLite on the same rows.
 // Each row measures one question some times; `x` is the median of its time divided by that of one warm pass
-// over the data file, read right before; `x_cpu` is the same of the processor's time. The first hits of a list, the longest time between two questions
-// whether to stop, and the peak of memory stand beside it. PLINTH_BENCH_ROWS makes the table smaller.
+// over the data file, read right before; `x_cpu` is the same of the processor's time. The time to the first
+// rows of a list, the longest one between two questions whether to stop, and the peak of memory stand beside
+// it. PLINTH_BENCH_ROWS makes the table smaller.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <time.h>
