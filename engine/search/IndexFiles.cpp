@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 
 #include "basic/DisplayFormat.h"
 #include "basic/NumberReader.h"
 #include "basic/Substitution.h"
+#include "engine/RecordCodec.h"
 #include "engine/search/BlockReader.h"
 #include "engine/search/RecordSteps.h"
 
@@ -18,7 +20,7 @@ namespace {
 
 constexpr std::size_t kBufferBytes = 256 * 1024;
 constexpr std::size_t kLongestLine = std::size_t{1} << 20;  // what is longer in a damaged file is cut
-constexpr const char* kLineEnd = "\r\n";
+constexpr std::string_view kLineEnd = "\r\n";
 
 void appendWhole(std::string& out, std::uint64_t value) {
   char digits[20];
@@ -38,21 +40,26 @@ void appendScaled(std::string& out, std::int64_t scaled) {
   for (; fraction != 0; fraction = fraction % 1000 * 10) out += static_cast<char>('0' + fraction / 1000);
 }
 
+// As plainNumber(), but quick for what most fields hold: a number of up to 15 digits, no more than four of
+// them decimals, has these very digits.
+void appendNumber(std::string& out, double value) {
+  const double scaled = std::nearbyint(value * 10000);
+  if (std::fabs(scaled) < 1e15 && scaled / 10000 == value)
+    appendScaled(out, static_cast<std::int64_t>(scaled));
+  else
+    out += plainNumber(value);
+}
+
 // Turns stored bytes into lines.
 class LineMaker {
  public:
-  LineMaker(const RecordKey& key, bool scrambled) : key_(key), scrambled_(scrambled) {
-    for (std::size_t byte = 0; byte < 256; ++byte) {
-      const auto plain = scrambled ? inverseSubstitutionTable()[byte] : static_cast<std::uint8_t>(byte);
-      characters_[byte] = plain == '\r' || plain == '\n' ? ' ' : static_cast<char>(plain);
-    }
-  }
+  LineMaker(const RecordKey& key, bool scrambled) : key_(key), scrambled_(scrambled) {}
 
   // bytes: those of the key.
   void append(std::string& out, std::span<const std::uint8_t> bytes) const {
     switch (key_.type) {
       case KeyType::number:
-        out += plainNumber(keyNumber(plain(bytes)));
+        appendNumber(out, keyNumber(plain(bytes)));
         break;
       case KeyType::currency:
       case KeyType::date:
@@ -84,19 +91,18 @@ class LineMaker {
     return number;
   }
   void appendText(std::string& out, std::span<const std::uint8_t> bytes) const {
-    const auto isPadding = [&](std::uint8_t byte) {
-      return characters_[byte] == ' ' || characters_[byte] == 0;
-    };
-    std::size_t count = bytes.size();
-    while (count > 0 && isPadding(bytes[count - 1])) --count;
     const std::size_t start = out.size();
-    out.resize(start + count);
-    for (std::size_t i = 0; i < count; ++i) out[start + i] = characters_[bytes[i]];
+    out.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    const std::span text(reinterpret_cast<std::uint8_t*>(out.data()) + start, bytes.size());
+    if (scrambled_) unscrambleInPlace(text);
+    out.resize(start + keyText(text).size());
+    for (const char lineEnd : {'\r', '\n'})
+      for (auto at = out.find(lineEnd, start); at != std::string::npos; at = out.find(lineEnd, at))
+        out[at] = ' ';
   }
 
   const RecordKey& key_;
   bool scrambled_;
-  std::array<char, 256> characters_;
 };
 
 // A new index file, written in large pieces.
@@ -188,6 +194,24 @@ std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes
   return out;
 }
 
+std::int64_t indexScaled(std::string_view line) {
+  const bool negative = line.starts_with('-');
+  const std::string_view digits = line.substr(negative ? 1 : 0);
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  // Anything but plain digits goes the long way.
+  constexpr std::size_t kWholeDigits = 14, kDecimals = 4;
+  std::int64_t scaled = 0;
+  for (std::size_t i = 0; i < digits.size(); ++i) {
+    if (i == point) continue;
+    const bool tooMany = i > point + kDecimals || i >= kWholeDigits;
+    if (tooMany || digits[i] < '0' || digits[i] > '9') return scaledFromText(line, englishLocale());
+    scaled = scaled * 10 + (digits[i] - '0');
+  }
+  const std::size_t decimals = point < digits.size() ? digits.size() - point - 1 : 0;
+  for (std::size_t i = decimals; i < kDecimals; ++i) scaled *= 10;
+  return negative ? -scaled : scaled;
+}
+
 Result<IndexEnd> buildIndex(RecordStore& store, const RecordKey& key, const DataFile& data,
                             const Application& application, SharedFiles& files, Progress& progress,
                             const std::function<void(std::int32_t)>& unreadable) {
@@ -199,7 +223,7 @@ Result<IndexEnd> buildIndex(RecordStore& store, const RecordKey& key, const Data
     const bool down = direction == IndexDirection::down;
     auto writer = IndexWriter::open(files, indexFilePath(data, key.label, direction, application.codePage));
     if (!writer) return writer.error();
-    if (down) writer->text() += std::to_string(store.count()) + kLineEnd;
+    if (down) writer->text() += std::to_string(store.count()).append(kLineEnd);
     const auto all = build.writeRecords(*writer, down, down ? unreadable : nullptr);
     if (!all) return all.error();
     if (auto written = writer->write(); !written) return written.error();
@@ -223,6 +247,16 @@ std::optional<IndexReader> IndexReader::open(SharedFiles& files, const std::stri
 std::optional<std::string_view> IndexReader::line() { return upTo(false); }
 std::optional<std::string_view> IndexReader::value() { return upTo(true); }
 
+namespace {
+
+std::size_t valueEnd(std::string_view text) {
+  std::size_t end = 0;
+  while (end < text.size() && text[end] != '\n' && text[end] != ',') ++end;
+  return end;
+}
+
+}  // namespace
+
 std::optional<std::string_view> IndexReader::upTo(bool commaEnds) {
   carried_.clear();
   const auto withoutReturn = [](std::string_view text) {
@@ -231,7 +265,7 @@ std::optional<std::string_view> IndexReader::upTo(bool commaEnds) {
   };
   do {
     const std::string_view rest = std::string_view(buffer_).substr(at_);
-    const std::size_t end = std::min(commaEnds ? rest.find_first_of(",\n") : rest.find('\n'), rest.size());
+    const std::size_t end = commaEnds ? valueEnd(rest) : std::min(rest.find('\n'), rest.size());
     const std::string_view piece = rest.substr(0, end);
     const bool ended = end < rest.size();
     at_ += end + (ended ? 1 : 0);

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "basic/Locale.h"
-#include "engine/search/RecordKey.h"
 #include "engine/RecordStore.h"
 #include "engine/StartUp.h"
+#include "engine/search/RecordKey.h"
 #include "platform/Progress.h"
 #include "platform/SharedFile.h"
 
@@ -30,6 +30,9 @@ bool canIndex(const RecordKey& key);
 // A stored value as an index line has it: text as it stands without padding, numbers with "." as the point,
 // dates as their serial, a check box as the number of its byte. bytes: no longer substituted.
 std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes);
+
+// A line of a currency or date key as value x 10,000, exact up to four decimals; 0 where there is no number.
+std::int64_t indexScaled(std::string_view line);
 
 enum class IndexEnd { done, cancelled };
 // Builds both files. A cancelled build leaves what was written so far, as readers expect. Errors: denied,

@@ -4,22 +4,27 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
+#include <memory>
 #include <utility>
 
 namespace plinth {
 namespace {
 
-constexpr std::size_t kDigits = 8;     // bytes of a key
-constexpr std::size_t kFewKeys = 512;  // below, comparing is quicker than counting
+constexpr std::size_t kKeyBytes = 8;
+constexpr std::size_t kDigitBits = 11, kDigits = 6;
+constexpr std::size_t kFewKeys = 2048;  // below, comparing is quicker than counting
 
-using Counts = std::array<std::array<std::uint32_t, 256>, kDigits>;
+using Counts = std::array<std::array<std::uint32_t, 1 << kDigitBits>, kDigits>;
 
-std::size_t digitOf(const PlacedKey& key, std::size_t digit) { return (key.key >> (8 * digit)) & 255; }
+std::size_t digitOf(const PlacedKey& key, std::size_t digit) {
+  return (key.key >> (kDigitBits * digit)) & ((1 << kDigitBits) - 1);
+}
 
 // Eight bytes as a number, the first the most significant.
 std::uint64_t bigBits(const std::uint8_t* bytes) {
   std::uint64_t bits = 0;
-  for (std::size_t i = 0; i < kDigits; ++i) bits = bits << 8 | bytes[i];
+  for (std::size_t i = 0; i < kKeyBytes; ++i) bits = bits << 8 | bytes[i];
   return bits;
 }
 
@@ -27,38 +32,103 @@ void sortTextsFrom(std::span<PlacedKey> keys, std::span<PlacedKey> scratch, cons
                    std::size_t width, std::size_t from) {
   for (PlacedKey& key : keys) key.key = bigBits(texts + key.place * width + from);
   sortPlaced(keys, scratch);
-  if (from + kDigits >= width) return;
+  if (from + kKeyBytes >= width) return;
   for (std::size_t first = 0, last = 0; first < keys.size(); first = last) {
     while (last < keys.size() && keys[last].key == keys[first].key) ++last;
     const std::size_t count = last - first;
     if (count > 1)
-      sortTextsFrom(keys.subspan(first, count), scratch.first(count), texts, width, from + kDigits);
+      sortTextsFrom(keys.subspan(first, count), scratch.first(count), texts, width, from + kKeyBytes);
   }
 }
 
-template <class Element, class Greater, class GoOn>
-bool shellPasses(std::span<Element> elements, Greater greater, GoOn goOn) {
-  const std::size_t count = elements.size();
+// Knuth's gaps, the largest first; false from pass(gap) stops.
+template <class Pass>
+bool eachGap(std::size_t count, Pass pass) {
   std::size_t gap = 1;
   while (gap * 3 + 1 <= count) gap = gap * 3 + 1;
-  for (; gap > 0; gap /= 3) {
-    for (std::size_t i = gap; i < count; ++i) {
-      const Element moving = elements[i];
-      std::size_t at = i;
-      for (; at >= gap && greater(elements[at - gap], moving); at -= gap) elements[at] = elements[at - gap];
-      elements[at] = moving;
-    }
-    if (!goOn()) return false;
-  }
+  for (; gap > 0; gap /= 3)
+    if (!pass(gap)) return false;
   return true;
 }
+
+// Four neighbours move at once. They lie in different chains of any gap but 1, so nothing changes but the
+// speed: which element moves how far cannot be foretold, and one wrong guess then serves four.
+using Lanes = std::int32_t __attribute__((vector_size(16)));
+constexpr std::size_t kLanes = 4;
+
+Lanes loadLanes(const std::int32_t* from) {
+  Lanes lanes;
+  std::memcpy(&lanes, from, sizeof lanes);
+  return lanes;
+}
+void storeLanes(std::int32_t* to, Lanes lanes) { std::memcpy(to, &lanes, sizeof lanes); }
+
+bool anyLane(Lanes mask) {
+  std::uint64_t halves[2];
+  std::memcpy(halves, &mask, sizeof halves);
+  return (halves[0] | halves[1]) != 0;
+}
+
+// The passes of ShellSort over ranks and the places that belong to them.
+class RankPasses {
+ public:
+  RankPasses(std::vector<std::int32_t>& ranks, std::vector<std::int32_t>& places)
+      : ranks_(ranks.data()), places_(places.data()), count_(ranks.size()) {}
+
+  // gap: 4 or more.
+  void pass(std::size_t gap) {
+    std::size_t i = gap;
+    for (; i + kLanes <= count_; i += kLanes) insertFour(i, gap);
+    for (; i < count_; ++i) insertOne(i, gap);
+  }
+
+ private:
+  void insertOne(std::size_t at, std::size_t gap) {
+    const std::int32_t rank = ranks_[at], place = places_[at];
+    for (; at >= gap && ranks_[at - gap] > rank; at -= gap) {
+      ranks_[at] = ranks_[at - gap];
+      places_[at] = places_[at - gap];
+    }
+    ranks_[at] = rank;
+    places_[at] = place;
+  }
+
+  // A lane whose element has found its place stays as it is: what comes before it is sorted.
+  void insertFour(std::size_t at, std::size_t gap) {
+    Lanes rank = loadLanes(ranks_ + at), place = loadLanes(places_ + at);
+    const auto settle = [&] {
+      storeLanes(ranks_ + at, rank);
+      storeLanes(places_ + at, place);
+    };
+    for (; at >= gap; at -= gap) {
+      const Lanes before = loadLanes(ranks_ + at - gap);
+      const Lanes moves = before > rank;
+      if (!anyLane(moves)) return settle();
+      const Lanes placeBefore = loadLanes(places_ + at - gap);
+      const Lanes swapRank = (before ^ rank) & moves, swapPlace = (placeBefore ^ place) & moves;
+      storeLanes(ranks_ + at, rank ^ swapRank);
+      storeLanes(places_ + at, place ^ swapPlace);
+      rank = before ^ swapRank;
+      place = placeBefore ^ swapPlace;
+    }
+    settle();
+    // The first lane stands at the beginning of its chain, others may have one element before them.
+    for (std::size_t lane = 0; lane < kLanes; ++lane)
+      if (at + lane >= gap) insertOne(at + lane, gap);
+  }
+
+  std::int32_t* ranks_;
+  std::int32_t* places_;
+  std::size_t count_;
+};
 
 }  // namespace
 
 void sortPlaced(std::span<PlacedKey> keys, std::span<PlacedKey> scratch) {
   if (keys.size() < kFewKeys) {
-    std::stable_sort(keys.begin(), keys.end(),
-                     [](const PlacedKey& a, const PlacedKey& b) { return a.key < b.key; });
+    std::sort(keys.begin(), keys.end(), [](const PlacedKey& a, const PlacedKey& b) {
+      return a.key < b.key || (a.key == b.key && a.place < b.place);
+    });
     return;
   }
   Counts counts{};
@@ -77,29 +147,39 @@ void sortPlaced(std::span<PlacedKey> keys, std::span<PlacedKey> scratch) {
 }
 
 void sortTexts(std::span<PlacedKey> keys, const std::uint8_t* texts, std::size_t width) {
-  std::vector<PlacedKey> scratch(keys.size());
-  sortTextsFrom(keys, scratch, texts, width, 0);
+  const auto scratch = std::make_unique_for_overwrite<PlacedKey[]>(keys.size());
+  sortTextsFrom(keys, {scratch.get(), keys.size()}, texts, width, 0);
 }
 
-// Equal keys share a rank and differing ones do not, so the passes treat ranks as they would the keys; rank
-// and place in one word need no second array to move along.
-std::vector<std::uint32_t> shellOrder(std::vector<PlacedKey> keys, const std::function<bool()>& goOn) {
+// An element's rank is where its equals begin in the end. Equal keys share it and differing ones do not, so
+// the passes treat ranks as they would the keys; and the last pass, which moves what it has to a little, only
+// has to put each element behind its equals.
+std::vector<std::int32_t> shellOrder(std::vector<PlacedKey> keys, const std::function<bool()>& goOn) {
+  const std::size_t count = keys.size();
   {
-    std::vector<PlacedKey> scratch(keys.size());
-    sortPlaced(keys, scratch);
+    const auto scratch = std::make_unique_for_overwrite<PlacedKey[]>(count);
+    sortPlaced(keys, {scratch.get(), count});
   }
-  std::vector<std::uint64_t> ranked(keys.size());
-  std::uint64_t rank = 0;
-  for (std::size_t i = 0; i < keys.size(); ++i) {
-    if (i > 0 && keys[i].key != keys[i - 1].key) ++rank;
-    ranked[keys[i].place] = rank << 32 | keys[i].place;
+  std::vector<std::int32_t> ranks(count), places(count);
+  std::size_t rank = 0;
+  bool allDiffer = true;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (keys[i].key != keys[rank].key) rank = i;
+    allDiffer = allDiffer && rank == i;
+    ranks[keys[i].place] = static_cast<std::int32_t>(rank);
+    places[i] = static_cast<std::int32_t>(i);
   }
-  const bool allDiffer = rank + 1 >= keys.size();
-  const auto greater = [](std::uint64_t a, std::uint64_t b) { return (a >> 32) > (b >> 32); };
-  if (!allDiffer && !shellPasses(std::span(ranked), greater, goOn)) return {};
-  std::vector<std::uint32_t> order(keys.size());
-  for (std::size_t i = 0; i < keys.size(); ++i)
-    order[i] = allDiffer ? keys[i].place : static_cast<std::uint32_t>(ranked[i]);
+  RankPasses passes(ranks, places);
+  const auto pass = [&](std::size_t gap) {
+    if (gap > 1) passes.pass(gap);
+    return goOn();
+  };
+  if (!allDiffer && !eachGap(count, pass)) return {};
+  std::vector<std::int32_t> order(count), placed(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto first = static_cast<std::size_t>(ranks[i]);
+    order[first + static_cast<std::size_t>(placed[first]++)] = places[i];
+  }
   return order;
 }
 
@@ -110,8 +190,24 @@ void shellSort(std::vector<double>& keys, std::vector<std::int32_t>& order) {
   };
   std::vector<Pair> pairs(std::min(keys.size(), order.size()));
   for (std::size_t i = 0; i < pairs.size(); ++i) pairs[i] = {keys[i], order[i]};
-  shellPasses(
-      std::span(pairs), [](const Pair& a, const Pair& b) { return a.key > b.key; }, [] { return true; });
+  eachGap(pairs.size(), [&](std::size_t gap) {
+    for (std::size_t i = gap; i < pairs.size(); ++i) {
+      const Pair moving = pairs[i];
+      std::size_t at = i;
+      for (; at >= gap && pairs[at - gap].key > moving.key; at -= gap) pairs[at] = pairs[at - gap];
+      pairs[at] = moving;
+    }
+    return true;
+  });
+  eachGap(pairs.size(), [&](std::size_t gap) {
+    for (std::size_t i = gap; i < pairs.size(); ++i) {
+      const Pair moving = pairs[i];
+      std::size_t at = i;
+      for (; at >= gap && pairs[at - gap].key > moving.key; at -= gap) pairs[at] = pairs[at - gap];
+      pairs[at] = moving;
+    }
+    return true;
+  });
   for (std::size_t i = 0; i < pairs.size(); ++i) {
     keys[i] = pairs[i].key;
     order[i] = pairs[i].place;

@@ -9,7 +9,6 @@
 
 #include "basic/NumberReader.h"
 #include "basic/Substitution.h"
-#include "engine/RecordCodec.h"
 #include "engine/search/BlockReader.h"
 #include "engine/search/KeySort.h"
 #include "engine/search/RecordSteps.h"
@@ -40,17 +39,17 @@ class SortRun {
   }
 
   Result<SortedRecords> run() {
-    const auto places = isNumeric(key_.type) ? numberOrder() : textOrder();
+    auto places = isNumeric(key_.type) ? numberOrder() : textOrder();
     if (!places) return places.error();
     if (cancelled_) return SortedRecords{SortEnd::cancelled, {}, usedIndex_};
     SortedRecords sorted{SortEnd::done, {}, usedIndex_};
-    sorted.order.reserve(places->size());
-    for (const std::uint32_t place : *places) sorted.order.push_back(static_cast<std::int32_t>(place) + 1);
+    sorted.order = std::move(*places);
+    for (std::int32_t& record : sorted.order) ++record;  // from places to record numbers
     return sorted;
   }
 
  private:
-  using Places = std::vector<std::uint32_t>;
+  using Places = std::vector<std::int32_t>;
 
   // Hands out each record's key in record order, by its place 0, 1, 2 ...: as a line of the index or as
   // stored bytes, at most `bytes` of them.
@@ -91,7 +90,7 @@ class SortRun {
 
   std::uint64_t numberOfLine(std::string_view line) const {
     if (key_.type == KeyType::number) return keyOfNumber(val(line));
-    if (key_.type != KeyType::whole) return keyOfNumber(scaledFromText(line, englishLocale()));
+    if (key_.type != KeyType::whole) return keyOfNumber(indexScaled(line));
     return keyOfNumber(std::nearbyint(std::clamp(val(line), -2147483648.0, 2147483647.0)));
   }
   std::uint64_t numberOfBytes(ByteView bytes) const {
@@ -139,7 +138,8 @@ class SortRun {
     for (std::size_t i = 0; i < count; ++i) keys[i].place = static_cast<std::uint32_t>(i);
     sortTexts(keys, texts.get(), kWide);
     Places places(count);
-    std::transform(keys.begin(), keys.end(), places.begin(), [](const PlacedKey& key) { return key.place; });
+    std::transform(keys.begin(), keys.end(), places.begin(),
+                   [](const PlacedKey& key) { return static_cast<std::int32_t>(key.place); });
     return places;
   }
 
