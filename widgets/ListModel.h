@@ -66,7 +66,7 @@ class ListModel {
   bool horizontalBar() const { return horizontalBar_; }
   int rowHeight() const { return rowHeight_; }
   int headHeight() const { return headHeight_; }
-  int rowsInView() const;   // whole ones, at least 1
+  int rowsInView() const;    // whole ones, at least 1
   int columnsWidth() const;  // of all shown together
   // Where a column begins, in pixels from the left of the view; scrolled ones below 0.
   int columnLeft(int column) const;

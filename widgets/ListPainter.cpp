@@ -29,7 +29,8 @@ struct Ground {
 
 Ground groundOf(const ListModel& model, std::int32_t position, const ListLook& look) {
   const ControlColors& colors = look.colors;
-  const std::int32_t ink = look.state.enabled ? colors.fore : shaded(colors.fore, isDark(colors.back) ? -50 : 50);
+  const std::int32_t ink =
+      look.state.enabled ? colors.fore : shaded(colors.fore, isDark(colors.back) ? -50 : 50);
   if (model.isSelected(position)) {
     if (!look.state.focused || !look.state.enabled)
       return {shaded(colors.back, isDark(colors.back) ? 25 : -15), ink};
@@ -110,11 +111,12 @@ void paintHead(Canvas& canvas, const ListModel& model, const Place& place, const
     text.width -= kMarkWidth + kIndent;
     if (place.right) text.left += kMarkWidth + kIndent;
   }
-  const std::string& header = model.columns()[static_cast<std::size_t>(place.column)].header;
+  const std::string header = oneLine(model.columns()[static_cast<std::size_t>(place.column)].header);
   if (pressed) ++text.left, ++text.top;
-  if (text.width > 0 && !header.empty())
-    canvas.text(text, oneLine(header), look.font, ink, place.right ? TextAlign::right : TextAlign::left,
-                false, true);
+  if (text.width <= 0 || header.empty()) return;
+  // Of a name that is too long its beginning is seen.
+  const bool right = place.right && canvas.measure(header, look.font).width <= text.width;
+  canvas.text(text, header, look.font, ink, right ? TextAlign::right : TextAlign::left, false, true);
 }
 
 }  // namespace
@@ -152,8 +154,7 @@ int fittingWidth(Canvas& canvas, const ListModel& model, int column, const FontS
   const std::size_t most = static_cast<std::size_t>(std::max(0, 2 * model.view().width));
   for (int line = 0; line < lines && line < model.listCount() - model.firstRow(); ++line) {
     const std::string cell = model.getItem(model.firstRow() + line, column);
-    widest = std::max(
-        widest, canvas.measure(oneLine(std::string_view(cell).substr(0, most)), font).width);
+    widest = std::max(widest, canvas.measure(oneLine(std::string_view(cell).substr(0, most)), font).width);
   }
   // No wider than what can be seen at once.
   return std::min(widest + kCellRoom, std::max(kLeastColumn, model.view().width));

@@ -29,8 +29,8 @@ void veryQuickSort(std::vector<T>& items, Less less, std::minstd_rand& random) {
     auto [first, last] = stack.back();
     stack.pop_back();
     while (last - first >= kShortRange) {
-      const T pivot = items[static_cast<std::size_t>(
-          std::uniform_int_distribution<std::ptrdiff_t>(first, last)(random))];
+      const T pivot =
+          items[static_cast<std::size_t>(std::uniform_int_distribution<std::ptrdiff_t>(first, last)(random))];
       std::ptrdiff_t low = first, high = last;
       while (low <= high) {
         while (less(items[static_cast<std::size_t>(low)], pivot)) ++low;
@@ -134,7 +134,7 @@ std::vector<NumberItem> numberItems(const ListSource& source, std::int32_t rows,
   items.reserve(static_cast<std::size_t>(rows));
   KnownDates dates(locale, today);
   for (std::int32_t row = 0; row < rows; ++row)
-    items.push_back({sorting.column == 0               ? source.rowId(row)
+    items.push_back({sorting.column == 0              ? source.rowId(row)
                      : sorting.key == ListKey::number ? numberIn(source.cell(row, sorting.column), locale)
                                                       : dates.value(source.cell(row, sorting.column)),
                      row});

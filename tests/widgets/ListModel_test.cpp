@@ -30,7 +30,9 @@ struct Numbers : ListSource {
 // 100 rows of 10 pixels below a head of 20: ten are seen, with 11 columns of 50 in 200 pixels.
 struct List {
   explicit List(const ListSource& source, bool mSelect = false) {
-    model.setColumns({{"No.", 50, true, false}, {"Name", 50, false, false}, {"Amount", 50, true, false},
+    model.setColumns({{"No.", 50, true, false},
+                      {"Name", 50, false, false},
+                      {"Amount", 50, true, false},
                       {"Day", 50, false, true}});
     model.setRowHeights(10, 20);
     model.setSize({217, 120}, 17);
@@ -62,9 +64,10 @@ TEST(ListArray, TakesARecordNumberAndElevenTextsFromALine) {
     std::int32_t row, id;
     int column;
     const char* text;
-  } kCells[] = {{0, 7, 1, "Ann"}, {0, 7, 2, ""},   {0, 7, 3, "x y"}, {0, 7, 11, ""},
-                {1, 12, 1, ""},   {2, 0, 11, ""},  {3, 3, 11, "k"},  {3, 3, 12, ""},
-                {3, 3, 0, ""},    {4, 2147483647, 1, "big"}, {5, 0, 1, ""}, {-1, 0, 1, ""}};
+  } kCells[] = {
+      {0, 7, 1, "Ann"}, {0, 7, 2, ""},   {0, 7, 3, "x y"}, {0, 7, 11, ""}, {1, 12, 1, ""},
+      {2, 0, 11, ""},   {3, 3, 11, "k"}, {3, 3, 12, ""},   {3, 3, 0, ""},  {4, 2147483647, 1, "big"},
+      {5, 0, 1, ""},    {-1, 0, 1, ""}};
   for (const auto& one : kCells) {
     EXPECT_EQ(array.rowId(one.row), one.id) << one.row;
     EXPECT_EQ(array.cell(one.row, one.column), one.text) << one.row << " " << one.column;
@@ -130,8 +133,8 @@ TEST(ListModel, KeysMoveTheCaretAndKeepItInView) {
   const struct {
     int key;
     std::int32_t caret, first;
-  } kSteps[] = {{kUpKey, 0, 0},       {kDownKey, 1, 0},   {kPageDownKey, 9, 0}, {kPageDownKey, 19, 10},
-                {kDownKey, 20, 11},   {kPageUpKey, 11, 11}, {kPageUpKey, 1, 1}, {kEndKey, 99, 90},
+  } kSteps[] = {{kUpKey, 0, 0},         {kDownKey, 1, 0},     {kPageDownKey, 9, 0}, {kPageDownKey, 19, 10},
+                {kDownKey, 20, 11},     {kPageUpKey, 11, 11}, {kPageUpKey, 1, 1},   {kEndKey, 99, 90},
                 {kPageDownKey, 99, 90}, {kHomeKey, 0, 0}};
   for (const auto& one : kSteps) {
     EXPECT_TRUE(list.model.key({one.key, 0}).handled);
@@ -159,19 +162,70 @@ TEST(ListModel, MarksRowsByShiftAndCtrl) {
     std::int32_t caret;
   } kWays[] = {
       {"click", [](List& l) { l.click(5, 45); }, {2}, 2},
-      {"shift click", [](List& l) { l.click(5, 45); l.click(5, 75, kShift); l.click(5, 25, kShift); },
-       {0, 1, 2}, 0},
-      {"ctrl click", [](List& l) { l.click(5, 45); l.click(5, 75, kCtrl); l.click(5, 45, kCtrl); }, {5}, 2},
-      {"both", [](List& l) { l.click(5, 25); l.click(5, 55, kCtrl); l.click(5, 75, kCtrl | kShift); },
-       {0, 3, 4, 5}, 5},
-      {"keys", [](List& l) { l.model.key({kDownKey, 0}); l.model.key({kDownKey, kShift}); }, {1, 2}, 2},
-      {"space", [](List& l) { l.click(5, 25); l.model.key({kDownKey, kCtrl}); l.model.key({kDownKey, kCtrl});
-         l.model.key({kSpaceKey, kCtrl}); }, {0, 2}, 2},
-      {"drag", [](List& l) { l.press(5, 45); l.model.drag({5, 95}); l.model.drag({5, 65}); }, {2, 3, 4}, 4},
-      {"drag out", [](List& l) { l.press(5, 115); l.model.drag({5, 999}); l.model.drag({5, 999}); },
-       {9, 10, 11}, 11},
-      {"right", [](List& l) { l.click(5, 25); l.click(5, 35, kCtrl); l.model.press({2, 0, 5, 25}); },
-       {0, 1}, 1},
+      {"shift click",
+       [](List& l) {
+         l.click(5, 45);
+         l.click(5, 75, kShift);
+         l.click(5, 25, kShift);
+       },
+       {0, 1, 2},
+       0},
+      {"ctrl click",
+       [](List& l) {
+         l.click(5, 45);
+         l.click(5, 75, kCtrl);
+         l.click(5, 45, kCtrl);
+       },
+       {5},
+       2},
+      {"both",
+       [](List& l) {
+         l.click(5, 25);
+         l.click(5, 55, kCtrl);
+         l.click(5, 75, kCtrl | kShift);
+       },
+       {0, 3, 4, 5},
+       5},
+      {"keys",
+       [](List& l) {
+         l.model.key({kDownKey, 0});
+         l.model.key({kDownKey, kShift});
+       },
+       {1, 2},
+       2},
+      {"space",
+       [](List& l) {
+         l.click(5, 25);
+         l.model.key({kDownKey, kCtrl});
+         l.model.key({kDownKey, kCtrl});
+         l.model.key({kSpaceKey, kCtrl});
+       },
+       {0, 2},
+       2},
+      {"drag",
+       [](List& l) {
+         l.press(5, 45);
+         l.model.drag({5, 95});
+         l.model.drag({5, 65});
+       },
+       {2, 3, 4},
+       4},
+      {"drag out",
+       [](List& l) {
+         l.press(5, 115);
+         l.model.drag({5, 999});
+         l.model.drag({5, 999});
+       },
+       {9, 10, 11},
+       11},
+      {"right",
+       [](List& l) {
+         l.click(5, 25);
+         l.click(5, 35, kCtrl);
+         l.model.press({2, 0, 5, 25});
+       },
+       {0, 1},
+       1},
   };
   for (const auto& one : kWays) {
     List list(numbers, true);
@@ -252,9 +306,8 @@ TEST(ListModel, KeepsItsPlaceWhileTheSourceChanges) {
   numbers.count = 300;
   list.model.rowsChanged();
   Rows rows = order(list.model);
-  EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end(), [&](auto a, auto b) {
-    return numbers.cell(a, 1) < numbers.cell(b, 1);
-  }));
+  EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end(),
+                             [&](auto a, auto b) { return numbers.cell(a, 1) < numbers.cell(b, 1); }));
   EXPECT_EQ(list.model.rowAt(list.model.caret()), 61);
   numbers.count = 61;
   EXPECT_EQ(list.model.getItem(list.model.positionOf(250), 1), "");  // nobody has told yet

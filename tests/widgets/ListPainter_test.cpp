@@ -46,8 +46,8 @@ std::vector<std::string> painted(const ListModel& model, const std::string& kind
 TEST(ListPainter, CutsACellToTheShareOfItsLettersThatHasRoom) {
   const struct {
     std::string text, shown;
-  } kCells[] = {{"abcdefghij", "abcdefghij"},             // 60 pixels of 80 - 20
-                {"abcdefghijklmnop", "abcdefghij"},       // 16 * 60 / 96
+  } kCells[] = {{"abcdefghij", "abcdefghij"},        // 60 pixels of 80 - 20
+                {"abcdefghijklmnop", "abcdefghij"},  // 16 * 60 / 96
                 {std::string(10000, 'w'), std::string(10, 'w')},
                 {std::string("a\0b\r\nc,d", 8), "a b c,d"}};
   for (const auto& one : kCells) {
@@ -73,7 +73,7 @@ TEST(ListPainter, DrawsOnlyWhatIsInView) {
   cells.asked = 0;
   painted(model, "text");
   EXPECT_EQ(2 * cells.asked, withBoth);  // the other column is beyond the right edge
-  cells.count = 0;  // nobody has told the list
+  cells.count = 0;                       // nobody has told the list
   EXPECT_LE(painted(model, "text").size(), 2u);
 }
 

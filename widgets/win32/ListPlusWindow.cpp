@@ -77,7 +77,6 @@ HCURSOR ListPlusWindow::ownPointer() {
   return model_.hitTest({at.x, at.y}).zone == ListZone::headEdge ? pointerOf(9) : nullptr;
 }
 
-
 void ListPlusWindow::create() {
   // Bars are not painted over, and Tab passes them by.
   setStyle(WS_CLIPCHILDREN, WS_CLIPCHILDREN);
@@ -160,8 +159,8 @@ void ListPlusWindow::press(UINT message, LPARAM param) {
   const bool left = message != WM_RBUTTONDOWN;
   pointer_ = pointOf(param);
   const std::int32_t before = model_.caret();
-  const ListOutcome outcome = model_.press({left ? 1 : 2, shiftState(), pointer_.x, pointer_.y},
-                                           message == WM_LBUTTONDBLCLK);
+  const ListOutcome outcome =
+      model_.press({left ? 1 : 2, shiftState(), pointer_.x, pointer_.y}, message == WM_LBUTTONDBLCLK);
   if (left && outcome.handled && outcome.fitColumn < 0) {
     held_ = true;
     ::SetCapture(window());
