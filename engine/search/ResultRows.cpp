@@ -84,18 +84,18 @@ void ResultRows::showLabelsHolding(std::string_view line, bool matchCase) {
 ResultColumn ResultRows::keyColumn() const {
   const RecordKey& key = keys_.front();
   if (key.object.kind == FocusKind::field) return fieldColumn(key.object.index);
-  if (key.object.kind == FocusKind::check) return {key.label, kCheckWidth, false};
+  if (key.object.kind == FocusKind::check) return {key.label, kCheckWidth};
   if (key.object.kind == FocusKind::dateStamp)
-    return {stampHeader(application_), dateWidth(6, application_, locale_), false};
-  if (key.object.kind == FocusKind::variableLabels) return {"Labels", kWidestColumn, false};
-  return {key.label, clampedWidth(key.length), false};
+    return {stampHeader(application_), dateWidth(6, application_, locale_), false, true};
+  if (key.object.kind == FocusKind::variableLabels) return {"Labels", kWidestColumn};
+  return {key.label, clampedWidth(key.length)};
 }
 
 ResultColumn ResultRows::fieldColumn(int n) const {
   const PayloadField& field = application_.field(n);
   const int width = isDateKind(field.fieldType) ? dateWidth(field.fieldType, application_, locale_)
                                                 : clampedWidth(field.fieldLength);
-  return {field.tag, width, isNumberKind(field.fieldType)};
+  return {field.tag, width, isNumberKind(field.fieldType), isDateKind(field.fieldType)};
 }
 
 void ResultRows::addColumn(int code) {
@@ -104,11 +104,11 @@ void ResultRows::addColumn(int code) {
   if (object.kind == FocusKind::field && liveRow(p.fields, object.index)) {
     columns_.push_back(fieldColumn(object.index));
   } else if (const auto* combo = liveRow(p.combos, object.index); object.kind == FocusKind::combo && combo) {
-    columns_.push_back({combo->tag, clampedWidth(combo->fieldLength), false});
+    columns_.push_back({combo->tag, clampedWidth(combo->fieldLength)});
   } else if (const auto* check = liveRow(p.checks, object.index); object.kind == FocusKind::check && check) {
-    columns_.push_back({check->tag, kCheckWidth, false});
+    columns_.push_back({check->tag, kCheckWidth});
   } else if (const auto* memo = liveRow(p.memos, object.index); object.kind == FocusKind::memo && memo) {
-    columns_.push_back({memo->tag, clampedWidth(memo->fieldLength), false});
+    columns_.push_back({memo->tag, clampedWidth(memo->fieldLength)});
   } else {
     return;
   }

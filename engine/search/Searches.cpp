@@ -100,6 +100,7 @@ SearchResult* Searches::start(std::string_view line, SearchResult* within, bool 
   auto made = std::make_unique<SearchResult>();
   made->line = text;
   made->verb = query.verb;
+  made->matchCase = matchCase;
   made->columns = query.verb == QueryVerb::select ? query.columns : defaultColumns();
   if (!mayRun(*made)) return nullptr;
   std::vector<std::int32_t> candidates;
@@ -216,7 +217,10 @@ void Searches::close(SearchResult& result) {
 }
 
 ResultRows Searches::rowsOf(const SearchResult& result) const {
-  return {*services_.session.store(), application(), services_.session.locale(), result.keys, result.columns};
+  ResultRows rows(*services_.session.store(), application(), services_.session.locale(), result.keys,
+                  result.columns);
+  rows.showLabelsHolding(result.line, result.matchCase);
+  return rows;
 }
 
 bool Searches::show(std::int32_t record) {

@@ -31,6 +31,7 @@ struct SearchResult {
   std::vector<std::int32_t> hits;  // record numbers in the order of the run
   ShowColumns columns{};
   std::vector<RecordKey> keys;  // of a plain search: the objects searched
+  bool matchCase = false;  // as the run took the line
   bool running = false, cancelled = false, usedIndex = false;
   std::int64_t count = 0;  // of hits, rows, replacements
   std::int64_t looked = 0, toLook = 0;  // while a run goes on: records looked at, and all to be looked at

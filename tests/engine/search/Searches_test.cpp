@@ -101,7 +101,7 @@ TEST_F(Shop, CommandsTellTheirOutcomeAndScriptsUseItSilently) {
             (std::vector<std::string>{"Total: 17          Average: 3.4", "2 Total", "Total: 0"}));
   script("sum Count\r\ncount Price=3\r\nf2=SumTotal$\r\nf3=CountTotal$");
   EXPECT_TRUE(user->messages.texts().empty());
-  EXPECT_EQ(user->text(2), "17.00");
+  EXPECT_EQ(user->text(2), "17");
   EXPECT_EQ(user->text(3), "2");
 }
 
