@@ -1,6 +1,7 @@
 // What keys, wheel and mouse make of a list.
 #include <algorithm>
 
+#include "basic/CodePage.h"
 #include "widgets/ListModel.h"
 
 namespace plinth {
@@ -21,7 +22,9 @@ enum Key : int {
   kLetterA = 65
 };
 
-constexpr int kEdgeReach = 4;    // pixels on both sides of a column's edge that take hold of it
+constexpr int kEdgeReach = 4;                 // pixels on both sides of a column's edge that take hold of it
+constexpr std::uint32_t kTypingPause = 1000;  // milliseconds
+constexpr std::int32_t kMostTried = 100000;
 constexpr int kOffsetStep = 20;  // pixels of a press of Left or Right
 
 }  // namespace
@@ -121,6 +124,33 @@ ListOutcome ListModel::key(const KeyEvent& event) {
   }
   if (event.key != kEnter) return {};
   out.chosen = rows_ > 0;
+  return out;
+}
+
+int ListModel::typingColumn() const {
+  if (sorting_ && shown(sorting_->column)) return sorting_->column;
+  int column = 1;
+  while (column < kListColumns && !shown(column)) ++column;
+  return column;
+}
+
+ListOutcome ListModel::type(std::string_view character, std::uint32_t milliseconds) {
+  if (milliseconds - typedAt_ > kTypingPause) typed_.clear();
+  typedAt_ = milliseconds;
+  if (typed_.empty() && character == " ") return {};
+  // What a row begins with so far may still be that of the row with the caret.
+  const std::int64_t from = std::int64_t{caret_} + (typed_.empty() ? 1 : 0);
+  typed_ += character;
+  ListOutcome out{.handled = true};
+  const int column = typingColumn();
+  for (std::int64_t i = 0; i < std::min(rows_, kMostTried); ++i) {
+    const auto position = static_cast<std::int32_t>((from + i) % rows_);
+    const std::string cell = getItem(position, column);
+    if (compareFolded(std::string_view(cell).substr(0, typed_.size()), typed_, locale_.codePage) != 0)
+      continue;
+    out.selectionChanged = moveCaret(position, Moving::select);
+    break;
+  }
   return out;
 }
 

@@ -21,6 +21,7 @@ void ListModel::setSource(const ListSource* source) {
   caret_ = anchor_ = -1;
   first_ = offset_ = 0;
   held_ = {};
+  typed_.clear();
   rowsChanged();
 }
 

@@ -103,6 +103,10 @@ class ListModel {
   void setOffset(int pixels);  // clamped
 
   ListOutcome key(const KeyEvent& event);
+  // A typed character: the caret goes to the next row whose cell begins with all that was typed without a
+  // pause of a second, in the sorted column or else the first of texts that is shown. Looks at no more than
+  // 100,000 rows. milliseconds: of any clock that goes on from call to call.
+  ListOutcome type(std::string_view character, std::uint32_t milliseconds);
   // Rows, negative towards the beginning.
   void wheel(int rows);
   ListOutcome press(const MouseEvent& event, bool twice = false);
@@ -126,6 +130,7 @@ class ListModel {
   };
   bool shown(int column) const;
   ListKey keyOf(int column) const;
+  int typingColumn() const;
   std::int32_t lastFirstRow() const;
   void layOut();
   void reveal(std::int32_t position);
@@ -160,6 +165,8 @@ class ListModel {
   SizePx whole_, view_;
   bool verticalBar_ = false, horizontalBar_ = false;
   Held held_;
+  std::string typed_;
+  std::uint32_t typedAt_ = 0;  // milliseconds
 };
 
 inline constexpr int kLeastColumn = 12;  // pixels that a shown column keeps

@@ -153,6 +153,24 @@ TEST(ListModel, KeysMoveTheCaretAndKeepItInView) {
   EXPECT_EQ(list.model.firstRow(), 90);
 }
 
+TEST(ListModel, TypedLettersLeadToTheNextRowThatBeginsSo) {
+  ListArray array;
+  array.addArray({"1,Beta", "2,alpha", "3,Bern bridge", "4,berlin", "5,x"});
+  List list(array);
+  const struct {
+    const char* character;
+    std::uint32_t milliseconds;
+    std::int32_t caret;
+  } kTyped[] = {{"b", 5000, 2}, {"E", 5400, 2},  {"r", 5800, 2},  {"l", 6200, 3}, {"b", 8000, 0},
+                {"q", 9900, 0}, {" ", 12000, 0}, {"x", 12100, 4}, {"b", 14000, 0}};
+  for (const auto& one : kTyped) {
+    list.model.type(one.character, one.milliseconds);
+    EXPECT_EQ(list.model.caret(), one.caret) << one.character << one.milliseconds;
+  }
+  const ListArray none;
+  EXPECT_FALSE(List(none).model.type("b", 9000).selectionChanged);
+}
+
 TEST(ListModel, MarksRowsByShiftAndCtrl) {
   const Numbers numbers(100);
   const struct {

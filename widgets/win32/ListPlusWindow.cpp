@@ -52,6 +52,7 @@ class ListPlusWindow : public WidgetWindow {
   void endHold();
   void wheel(int delta, bool sideways);
   LRESULT keyDown(WPARAM key, LPARAM param);
+  void typed(wchar_t character);
   LRESULT dialogCode(const MSG* message) const;
   std::optional<LRESULT> mouseMessage(UINT message, WPARAM wide, LPARAM param);
   std::optional<LRESULT> listMessage(UINT message, WPARAM wide, LPARAM param);
@@ -213,12 +214,20 @@ LRESULT ListPlusWindow::keyDown(WPARAM key, LPARAM param) {
   return 0;
 }
 
+void ListPlusWindow::typed(wchar_t character) {
+  if (character < L' ' || character == 0x7F) return;
+  const std::int32_t before = model_.caret();
+  const std::string text = fromWide({&character, 1}, codePageOfCharSet(font_.charSet));
+  const ListOutcome outcome = model_.type(text, static_cast<std::uint32_t>(::GetMessageTime()));
+  if (outcome.selectionChanged) told(outcome, before);
+}
+
 // Enter goes to the row, not to a dialog's button.
 LRESULT ListPlusWindow::dialogCode(const MSG* message) const {
   const bool enter = message && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
   const bool escape = message && message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE;
   const bool wanted = (enter && model_.listCount() > 0) || (escape && held_);
-  return DLGC_WANTARROWS | (wanted ? DLGC_WANTMESSAGE : 0);
+  return DLGC_WANTARROWS | DLGC_WANTCHARS | (wanted ? DLGC_WANTMESSAGE : 0);
 }
 
 std::optional<LRESULT> ListPlusWindow::mouseMessage(UINT message, WPARAM wide, LPARAM param) {
@@ -353,6 +362,9 @@ LRESULT ListPlusWindow::message(UINT message, WPARAM wide, LPARAM param) {
       return 0;
     case WM_KEYDOWN:
       return keyDown(wide, param);
+    case WM_CHAR:
+      typed(static_cast<wchar_t>(wide));
+      return 0;
     case WM_GETDLGCODE:
       return dialogCode(reinterpret_cast<const MSG*>(param));
     case WM_GETOBJECT:
