@@ -41,6 +41,13 @@ constexpr CommandRow kCommands[] = {
      "  set N [LABEL=VALUE ...]   types values into record N\n"
      "  erase N                   empties record N; its number stays\n"
      "  count                     prints the number of records\n"
+     "  query LINE [--field FIELD] [--case] [--up]\n"
+     "                            runs a line of the search window: select, sum, count, replace, or a text\n"
+     "                            to search for in FIELD, or with \"!\" in front in whole records\n"
+     "  index FIELD               builds the index files of a box\n"
+     "  sort FIELD [--descending] prints the record numbers in the order of a box\n"
+     "  script BUTTON [N]         presses a button, by number or caption, on record N\n"
+     "  users list                prints the users of an application, for its main user\n"
      "Values are taken as if typed: with the boxes' formats, lengths and calculated fields. A label may\n"
      "also be F12, C3, K0, M2 (field, combo, check box, memo). --data names the data file; else the one\n"
      "that the application itself would open.\n"},
@@ -52,20 +59,33 @@ struct ActionRow {
 };
 constexpr ActionRow kActions[] = {{"list", RecordAction::list},   {"get", RecordAction::get},
                                   {"add", RecordAction::add},     {"set", RecordAction::set},
-                                  {"erase", RecordAction::erase}, {"count", RecordAction::count}};
+                                  {"erase", RecordAction::erase}, {"count", RecordAction::count},
+                                  {"query", RecordAction::query}, {"index", RecordAction::index},
+                                  {"sort", RecordAction::sort},   {"script", RecordAction::script},
+                                  {"users", RecordAction::users}};
 
 struct SwitchRow {
   const char* word;
   Command command;
   std::string ToolOptions::*value;
+  std::optional<RecordAction> action = {};  // none: goes with all of them
 };
+struct FlagRow {
+  const char* word;
+  RecordAction action;
+  bool ToolOptions::*value;
+};
+constexpr FlagRow kFlags[] = {{"--case", RecordAction::query, &ToolOptions::matchCase},
+                              {"--up", RecordAction::query, &ToolOptions::upward},
+                              {"--descending", RecordAction::sort, &ToolOptions::descending}};
 constexpr SwitchRow kSwitches[] = {{"--output", Command::create, &ToolOptions::output},
                                    {"--icon", Command::create, &ToolOptions::icon},
                                    {"--name", Command::create, &ToolOptions::name},
                                    {"--example", Command::newProject, &ToolOptions::example},
                                    {"--data", Command::records, &ToolOptions::data},
                                    {"--user", Command::records, &ToolOptions::user},
-                                   {"--password", Command::records, &ToolOptions::password}};
+                                   {"--password", Command::records, &ToolOptions::password},
+                                   {"--field", Command::records, &ToolOptions::box, RecordAction::query}};
 
 bool takesJson(Command command) {
   return command == Command::show || command == Command::check || command == Command::records;
@@ -118,6 +138,9 @@ class Parser {
         return;
       }
       used_.push_back(row);
+    } else if (const FlagRow* flag = flagOf(word)) {
+      o.*flag->value = true;
+      flags_.push_back(flag);
     } else {
       out_.problem = "unknown option " + word;
     }
@@ -127,6 +150,13 @@ class Parser {
     const std::string name = word.substr(0, word.find('='));
     for (const SwitchRow& row : kSwitches) {
       if (name == row.word) return &row;
+    }
+    return nullptr;
+  }
+
+  static const FlagRow* flagOf(const std::string& word) {
+    for (const FlagRow& row : kFlags) {
+      if (word == row.word) return &row;
     }
     return nullptr;
   }
@@ -148,6 +178,8 @@ class Parser {
     for (const SwitchRow* row : used_) {
       if (row->command != o.command) out_.problem = std::string(row->word) + " does not go with " + words_[0];
     }
+    if (!flags_.empty() && o.command != Command::records)
+      out_.problem = std::string(flags_[0]->word) + " does not go with " + words_[0];
     if (o.json && !takesJson(o.command)) out_.problem = "--json does not go with " + words_[0];
     if (out_.problem.empty()) readOperands();
   }
@@ -179,7 +211,14 @@ class Parser {
       out_.problem = words_.size() > 2 ? "unknown action " + words_[2] : "records needs an action";
       return;
     }
+    for (const SwitchRow* row : used_) {
+      if (row->action && *row->action != o.action) return refuse(row->word);
+    }
+    for (const FlagRow* flag : flags_) {
+      if (flag->action != o.action) return refuse(flag->word);
+    }
     std::size_t at = 3;
+    if (!readSearchWord(at)) return;
     const bool one =
         o.action == RecordAction::get || o.action == RecordAction::set || o.action == RecordAction::erase;
     if (one || (o.action == RecordAction::list && at < words_.size())) {
@@ -197,6 +236,34 @@ class Parser {
     }
   }
 
+  void refuse(const char* word) { out_.problem = std::string(word) + " does not go with " + words_[2]; }
+
+  // The word that query, index, sort, script and users must have; other actions have none. False when it is
+  // missing.
+  bool readSearchWord(std::size_t& at) {
+    struct WordRow {
+      RecordAction action;
+      std::string ToolOptions::*value;
+      const char* missing;
+    };
+    static constexpr WordRow kWords[] = {
+        {RecordAction::query, &ToolOptions::line, "query needs a line"},
+        {RecordAction::index, &ToolOptions::box, "index needs a box"},
+        {RecordAction::sort, &ToolOptions::box, "sort needs a box"},
+        {RecordAction::script, &ToolOptions::button, "script needs a button"},
+        {RecordAction::users, nullptr, "users needs the word list"},
+    };
+    ToolOptions& o = out_.options;
+    for (const WordRow& row : kWords) {
+      if (row.action != o.action) continue;
+      const bool there = at < words_.size() && !words_[at].empty() && (row.value || words_[at] == "list");
+      if (!there) return out_.problem = row.missing, false;
+      if (row.value) o.*row.value = words_[at];
+      ++at;
+    }
+    return o.action != RecordAction::script || at >= words_.size() || readNumber(at++, o.record);
+  }
+
   bool readNumber(std::size_t at, std::int32_t& value) {
     const std::optional<std::int32_t> number = at < words_.size() ? wholeNumber(words_[at]) : std::nullopt;
     if (number)
@@ -210,6 +277,7 @@ class Parser {
   const std::vector<std::string>& arguments_;
   std::vector<std::string> words_;
   std::vector<const SwitchRow*> used_;
+  std::vector<const FlagRow*> flags_;
   bool plain_ = false;
   ParsedOptions out_;
 };

@@ -8,7 +8,7 @@
 namespace plinth {
 
 enum class Command { none, show, check, convert, create, newProject, records };
-enum class RecordAction { list, get, add, set, erase, count };
+enum class RecordAction { list, get, add, set, erase, count, query, index, sort, script, users };
 
 // A box and its new text, both UTF-8: LABEL=VALUE.
 struct Assignment {
@@ -26,9 +26,14 @@ struct ToolOptions {
   RecordAction action = RecordAction::count;
   std::string data;                    // of records
   std::string user, password;          // of records, where the application asks
-  std::int32_t record = 0;             // of get, set, erase; the first of list, 0 for 1
+  std::int32_t record = 0;             // of get, set, erase, script; the first of list; 0 for 1
   std::int32_t count = -1;             // of list: -1 all
   std::vector<Assignment> assignments;
+  std::string line;                    // of query
+  std::string box;                     // FIELD of index and sort, --field of query
+  std::string button;                  // of script
+  bool matchCase = false, upward = false;  // of query
+  bool descending = false;             // of sort
 };
 
 struct ParsedOptions {

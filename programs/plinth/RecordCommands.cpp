@@ -9,6 +9,7 @@
 #include "engine/RecordSession.h"
 #include "engine/RecordText.h"
 #include "engine/StartUp.h"
+#include "programs/plinth/SearchCommands.h"
 #include "programs/plinth/Tool.h"
 #include "programs/plinth/ToolMessages.h"
 
@@ -29,6 +30,7 @@ class RecordTool {
   int run() {
     if (!start()) return kFailed;
     if (const int code = resolveLabels(); code != kDone) return code;
+    if (options_.action == RecordAction::users) return users();
     // A record once added stays: none is made for values that no record takes.
     if (options_.action == RecordAction::add)
       if (const int code = checkValues(acceptsText); code != kDone) return code;
@@ -81,30 +83,54 @@ class RecordTool {
 
   int resolveLabels() {
     for (const Assignment& assignment : options_.assignments) {
-      const BoxRef* box = findBox(boxes_, fromUtf8(assignment.label, codePage_), codePage_);
-      if (!box) {
-        machine_.err << "plinth: there is no box " << assignment.label << "; there are:\n";
-        for (std::size_t i = 0; i < boxes_.size(); ++i) {
-          machine_.err << "  " << boxes_[i].reference << "  " << toUtf8(boxes_[i].label, codePage_) << "\n";
-        }
-        return kWrongUsage;
-      }
+      const BoxRef* box = boxOf(assignment.label);
+      if (!box) return kWrongUsage;
       targets_.push_back(box);
     }
-    return kDone;
+    if (!options_.box.empty() && !(searched_ = boxOf(options_.box))) return kWrongUsage;
+    if (options_.action == RecordAction::query && !searched_ &&
+        queryWantsBox(fromUtf8(options_.line, codePage_))) {
+      machine_.err << "plinth: a text is searched for in a box (--field FIELD), or with \"!\" in front in "
+                      "whole records\n";
+      return kWrongUsage;
+    }
+    return options_.action == RecordAction::script ? resolveButton() : kDone;
+  }
+
+  // nullptr after listing the boxes that there are.
+  const BoxRef* boxOf(const std::string& label) {
+    const BoxRef* box = findBox(boxes_, fromUtf8(label, codePage_), codePage_);
+    if (box) return box;
+    machine_.err << "plinth: there is no box " << label << "; there are:\n";
+    for (const BoxRef& one : boxes_) {
+      machine_.err << "  " << one.reference << "  " << toUtf8(one.label, codePage_) << "\n";
+    }
+    return nullptr;
+  }
+
+  int resolveButton() {
+    const Application& application = session_->application();
+    button_ = findButton(application, fromUtf8(options_.button, codePage_));
+    if (button_ >= 0) return kDone;
+    machine_.err << "plinth: there is no button " << options_.button << "; there are:\n";
+    for (int n = 0; n <= application.buttonCount(); ++n) {
+      if (!Application::live(application.button(n).page)) continue;
+      machine_.err << "  " << n << "  " << toUtf8(application.button(n).caption, codePage_) << "\n";
+    }
+    return kWrongUsage;
   }
 
   int open() {
     const std::string path = machine_.pathUtf8(session_->dataFile().path());
     if (!dataExists_ && options_.action != RecordAction::add) return fail(path + ": no such data file");
-    if (session_->start().loginRequired && !login()) {
-      return fail("the application asks for a password (--user NAME --password WORD)");
-    }
+    if (const int code = login(); code != kDone) return code;
     return session_->openData(false) ? kDone : fail(path + " could not be opened");
   }
 
-  bool login() {
-    return session_->tryLogin(fromUtf8(options_.user, codePage_), fromUtf8(options_.password, codePage_));
+  int login() {
+    if (session_->tryLogin(fromUtf8(options_.user, codePage_), fromUtf8(options_.password, codePage_)))
+      return kDone;
+    return fail("the application asks for a password (--user NAME --password WORD)");
   }
 
   int act() {
@@ -121,8 +147,37 @@ class RecordTool {
         return erase();
       case RecordAction::count:
         return count();
+      case RecordAction::query:
+        return search(runQueryLine);
+      case RecordAction::index:
+        return search(indexBox);
+      case RecordAction::sort:
+        return search(printOrder);
+      case RecordAction::script:
+        return script();
+      case RecordAction::users:
+        break;  // needs no data
     }
     return kWrongUsage;
+  }
+
+  int search(int (*run)(SearchTool&)) {
+    SearchTool tool{options_, machine_, *session_, *messages_, searched_};
+    return run(tool);
+  }
+
+  int users() {
+    const int code = login();
+    return code == kDone ? search(printUsers) : code;
+  }
+
+  int script() {
+    if (options_.record > 0) {
+      if (const int code = goTo(options_.record); code != kDone) return code;
+    }
+    SearchTool tool{options_, machine_, *session_, *messages_};
+    pressButton(tool, button_);
+    return saved();
   }
 
   // Makes record n the current one; an exit code.
@@ -253,6 +308,8 @@ class RecordTool {
   std::vector<BoxRef> boxes_;
   std::vector<std::string> keys_;
   std::vector<const BoxRef*> targets_;
+  const BoxRef* searched_ = nullptr;
+  int button_ = -1;
 };
 
 }  // namespace

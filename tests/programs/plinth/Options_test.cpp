@@ -32,6 +32,14 @@ TEST(OptionsTest, RefusesWithTheReason) {
       {{"records", "a.exe", "set", "1", "Name"}, "expected LABEL=VALUE"},
       {{"records", "a.exe", "set", "1", "=x"}, "expected LABEL=VALUE"},
       {{"records", "a.exe", "count", "Name=x"}, "too many words"},
+      {{"records", "a.exe", "query"}, "query needs a line"},
+      {{"records", "a.exe", "sort", ""}, "sort needs a box"},
+      {{"records", "a.exe", "index", "Name", "City"}, "too many words"},
+      {{"records", "a.exe", "script", "Sum", "0"}, "0 is not a record number"},
+      {{"records", "a.exe", "users"}, "users needs the word list"},
+      {{"records", "a.exe", "count", "--case"}, "--case does not go with count"},
+      {{"records", "a.exe", "sort", "Name", "--field", "x"}, "--field does not go with sort"},
+      {{"show", "a.qvf", "--descending"}, "--descending does not go with show"},
   };
   for (const Refused& c : cases) {
     EXPECT_NE(parseOptions(c.words).problem.find(c.problem), std::string::npos)
