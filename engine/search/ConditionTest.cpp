@@ -1,5 +1,6 @@
-// Type and operator are chosen outside the loops over records. Most records fail a text condition at its first
-// character: that is looked at in the stored bytes, before the text's end is sought and anything is decoded.
+// Type and operator are chosen outside the loops over records. Most records fail a text condition at its
+// first character: that is looked at in the stored bytes, before the text's end is sought and anything is
+// decoded.
 #include "engine/search/ConditionTest.h"
 
 #include <cmath>
@@ -59,7 +60,8 @@ struct StoredAs {
   T operator()(const std::uint8_t* slot) const {
     if (!table) return storedValue<T>(slot + position);
     std::array<std::uint8_t, sizeof(T)> plain;
-    for (std::size_t i = 0; i < plain.size(); ++i) plain[i] = table[slot[static_cast<std::size_t>(position) + i]];
+    for (std::size_t i = 0; i < plain.size(); ++i)
+      plain[i] = table[slot[static_cast<std::size_t>(position) + i]];
     return storedValue<T>(plain.data());
   }
 };
@@ -150,7 +152,8 @@ void ConditionTest::keepTexts(SlotRun run, SlotRows& rows) const {
   }
   if (op_ == QueryOperator::notEqual)
     return keepIf(run, rows, [this](const std::uint8_t* slot) { return differs(textOf(slot)); });
-  keepCompared(run, rows, [this](const std::uint8_t* slot) { return val(textOf(slot)); }, number_);
+  keepCompared(
+      run, rows, [this](const std::uint8_t* slot) { return val(textOf(slot)); }, number_);
 }
 
 bool ConditionTest::mayFit(const std::uint8_t* bytes) const {

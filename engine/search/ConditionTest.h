@@ -1,5 +1,5 @@
-// One condition of a query made ready to be asked of a million records. It is asked of many at once, so that what
-// depends on the condition alone is decided once for all of them.
+// One condition of a query made ready to be asked of a million records. It is asked of many at once, so that
+// what depends on the condition alone is decided once for all of them.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
-// A line goes through three forms: as typed, normalised (blanks inside quotes kept as "~"), and terms with their
-// blanks back that are looked up among the labels of the application.
+// A line goes through three forms: as typed, normalised (blanks inside quotes kept as "~"), and terms with
+// their blanks back that are looked up among the labels of the application.
 #include "engine/search/QueryLine.h"
 
 #include <optional>
@@ -29,9 +29,9 @@ struct OperatorSign {
   std::string_view sign;
   QueryOperator op;
 };
-constexpr OperatorSign kOperatorSigns[] = {{"<>", QueryOperator::notEqual},     {"<=", QueryOperator::lessEqual},
-                                           {">=", QueryOperator::greaterEqual}, {"<", QueryOperator::less},
-                                           {">", QueryOperator::greater},       {"=", QueryOperator::equal}};
+constexpr OperatorSign kOperatorSigns[] = {
+    {"<>", QueryOperator::notEqual}, {"<=", QueryOperator::lessEqual}, {">=", QueryOperator::greaterEqual},
+    {"<", QueryOperator::less},      {">", QueryOperator::greater},    {"=", QueryOperator::equal}};
 
 const VerbWord* verbWord(std::string_view trimmed) {
   const std::string lower = lowerAscii(trimmed);

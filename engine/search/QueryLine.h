@@ -50,7 +50,7 @@ struct QueryContext {
   const RecordLayout& layout;
   const Locale& locale;
   bool matchCase = false;
-  double today = 0;             // serial, for dates without a year
+  double today = 0;              // serial, for dates without a year
   ShowColumns defaultColumns{};  // those of select *
 };
 // The line taken apart. verb plain: not a command, search for it as text. Terms that name no object are left

@@ -1,5 +1,5 @@
-// One pass in large blocks: records are tested some hundred at a time where they were read, and only hits cost
-// more.
+// One pass in large blocks: records are tested some hundred at a time where they were read, and only hits
+// cost more.
 #include "engine/search/QueryRun.h"
 
 #include <algorithm>
@@ -13,16 +13,17 @@ namespace {
 class QueryPass {
  public:
   QueryPass(const Query& query, const QueryRunRequest& request)
-      : query_(query),
-        request_(request),
-        recLen_(static_cast<std::size_t>(request.store.layout().recLen)) {
+      : query_(query), request_(request), recLen_(static_cast<std::size_t>(request.store.layout().recLen)) {
     std::int32_t first = request.store.layout().recLen, end = 0;
     for (const QueryCondition& condition : query.conditions) {
       tests_.emplace_back(condition, request.application, request.locale, request.matchCase);
       first = std::min(first, condition.key.position);
       end = std::max(end, condition.key.position + condition.key.length);
     }
-    part_ = {first, end - first};
+    // What is replaced in a record whose end is missing would stand behind a gap.
+    const bool whole = query.verb == QueryVerb::replace;
+    part_ =
+        whole ? BlockReader::Part{0, request.store.layout().recLen} : BlockReader::Part{first, end - first};
     listed_ = query.verb == QueryVerb::select || query.verb == QueryVerb::replace;
   }
 
@@ -118,8 +119,7 @@ class QueryPass {
 
   bool replaceIn(std::int32_t record) {
     for (const QueryReplacement& replacement : query_.replacements) {
-      const Result<void> written =
-          request_.store.writePart(record, replacement.position, replacement.bytes);
+      const Result<void> written = request_.store.writePart(record, replacement.position, replacement.bytes);
       if (written) continue;
       const ErrorKind kind = written.error().kind;
       if (kind == ErrorKind::locked || kind == ErrorKind::notFound) {

@@ -38,7 +38,8 @@ std::string withColons(const std::string& digits) {
 std::optional<double> timeValue(int kind, const std::string& text, const Locale& locale) {
   if (text.empty()) return 0.0;
   // A fraction of a day is how formulas hand times on.
-  if (const auto fraction = readNumber(text, locale); fraction && *fraction >= 0 && *fraction < 1) return fraction;
+  if (const auto fraction = readNumber(text, locale); fraction && *fraction >= 0 && *fraction < 1)
+    return fraction;
   const bool digitsOnly = std::all_of(text.begin(), text.end(), isDigit);
   if (kind == kSecondsKind && std::none_of(text.begin(), text.end(), isLetter))
     return std::any_of(text.begin(), text.end(), isDigit) ? std::optional(heldTime(kind, text, locale))

@@ -17,8 +17,8 @@ struct QueryValueContext {
 };
 
 struct QueryNumber {
-  // Of dates days since 1899-12-30, of times the fraction of a day; not-a-number where the text of a date or a
-  // time is none. Nothing typed is 0, as in a record where nothing was entered.
+  // Of dates days since 1899-12-30, of times the fraction of a day; not-a-number where the text of a date or
+  // a time is none. Nothing typed is 0, as in a record where nothing was entered.
   double value = 0;
   std::int64_t scaled = 0;  // value x 10,000
 };
@@ -26,8 +26,8 @@ struct QueryNumber {
 QueryNumber queryNumber(const RecordKey& key, const std::string& text, const QueryValueContext& context);
 
 // The value as a record stores it, key.length bytes: texts padded with blanks or cut, check boxes the code of
-// the value's first character. Empty where nothing can be stored: no room, no character for a check box, a date
-// that cannot be read.
+// the value's first character. Empty where nothing can be stored: no room, no character for a check box, a
+// date that cannot be read.
 Bytes replacementBytes(const RecordKey& key, const std::string& text, const QueryValueContext& context);
 
 }  // namespace plinth

@@ -43,12 +43,18 @@ struct QueryLineTest : ::testing::Test {
 
 TEST_F(QueryLineTest, VerbsAreKnownByTheirWordsAndWhere) {
   const std::pair<const char*, QueryVerb> rows[] = {
-      {"  SELECT a WHERE b=1  ", QueryVerb::select}, {"select where b=1", QueryVerb::select},
-      {"select a", QueryVerb::plain},                {"select a where", QueryVerb::plain},
-      {"replace x=1", QueryVerb::plain},             {"Replace x=1 where y=2", QueryVerb::replace},
-      {"sum x", QueryVerb::sum},                     {"sum", QueryVerb::plain},
-      {"summit", QueryVerb::plain},                  {"Count x=1", QueryVerb::count},
-      {"", QueryVerb::plain},                        {"x where select y where z", QueryVerb::plain},
+      {"  SELECT a WHERE b=1  ", QueryVerb::select},
+      {"select where b=1", QueryVerb::select},
+      {"select a", QueryVerb::plain},
+      {"select a where", QueryVerb::plain},
+      {"replace x=1", QueryVerb::plain},
+      {"Replace x=1 where y=2", QueryVerb::replace},
+      {"sum x", QueryVerb::sum},
+      {"sum", QueryVerb::plain},
+      {"summit", QueryVerb::plain},
+      {"Count x=1", QueryVerb::count},
+      {"", QueryVerb::plain},
+      {"x where select y where z", QueryVerb::plain},
   };
   for (const auto& [line, verb] : rows) {
     EXPECT_EQ(queryVerb(line), verb) << line;
@@ -63,8 +69,9 @@ TEST_F(QueryLineTest, BlanksInQuotesBecomeTildesAndOthersSingle) {
 
 TEST_F(QueryLineTest, TermsAreSplitAtTheFirstOperatorOfTheFixedOrder) {
   const std::pair<const char*, const char*> rows[] = {
-      {"count name<>a name<=a name>=a name<a name>a name=a name", "Name|1|a;Name|2|a;Name|3|a;Name|4|a;Name|5|a;"
-                                                                  "Name|0|a;Name|-1|;"},
+      {"count name<>a name<=a name>=a name<a name>a name=a name",
+       "Name|1|a;Name|2|a;Name|3|a;Name|4|a;Name|5|a;"
+       "Name|0|a;Name|-1|;"},
       {"count NAME='New York'", "Name|0|new york;"},
       {"count name=a~b name=\"q\"", "Name|0|a b;Name|0|q;"},
       {"count name=a=b", "Name|0|a=b;"},
@@ -84,16 +91,11 @@ TEST_F(QueryLineTest, TermsAreSplitAtTheFirstOperatorOfTheFixedOrder) {
 
 TEST_F(QueryLineTest, ValuesAreReadAsTheirObjectsReadThem) {
   const std::pair<const char*, double> rows[] = {
-      {"price=1,234.5", 1234.5},
-      {"count=abc", 0},
-      {"due=2023-03-15", 45000},
-      {"due=3/15", 45000},  // this year's
-      {"due=45000", 45000},
-      {"due=", 0},
-      {"start=14:30", 14.5 / 24},
-      {"start=1430", 14.5 / 24},
-      {"start='2:30 pm'", 14.5 / 24},
-      {"start=0.25", 0.25},
+      {"price=1,234.5", 1234.5},      {"count=abc", 0},
+      {"due=2023-03-15", 45000},      {"due=3/15", 45000},  // this year's
+      {"due=45000", 45000},           {"due=", 0},
+      {"start=14:30", 14.5 / 24},     {"start=1430", 14.5 / 24},
+      {"start='2:30 pm'", 14.5 / 24}, {"start=0.25", 0.25},
       {"lap=1430", 14.5 / 1440},  // minutes and seconds
       {"lap=1:00:00", 1.0 / 24},
   };
@@ -113,7 +115,8 @@ TEST_F(QueryLineTest, ColumnsComeFromPatternsInTheOrderOfNames) {
   };
   EXPECT_EQ(columns("Notes p* terms"), (ShowColumns{6001, 2, 4000, 2001}));
   EXPECT_EQ(columns("NAME 'FIRST N'*", true), (ShowColumns{1, 6}));
-  EXPECT_EQ(columns("nobody *"), (ShowColumns{1, 2, 3, 4, 5, 6, 9, 10, 11, 2001, 4000})) << "the first eleven";
+  EXPECT_EQ(columns("nobody *"), (ShowColumns{1, 2, 3, 4, 5, 6, 9, 10, 11, 2001, 4000}))
+      << "the first eleven";
   for (const char* names : {"", "*", "* name", "nobody gone everywhere", "[", "'"})
     EXPECT_EQ(columns(names), defaults) << names;
 }

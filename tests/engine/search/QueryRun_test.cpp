@@ -219,6 +219,16 @@ TEST_F(QueryRunTest, AFailingDiskStopsAReplacement) {
   EXPECT_EQ(run("replace count=1 where paid=1").error.kind, ErrorKind::denied);
 }
 
+TEST_F(QueryRunTest, ARecordCutOffIsSearchedAsFarAsItGoesAndNeverWritten) {
+  Bytes& bytes = disk->find(kPath)->bytes;
+  bytes.resize(bytes.size() - 60);
+  const Bytes cut = bytes;
+  EXPECT_EQ(select("count=0"), "4 ");
+  EXPECT_EQ(run("replace notes=x where count=0").hits, 0);
+  EXPECT_EQ(lost, "4 ");
+  EXPECT_EQ(bytes, cut);
+}
+
 TEST_F(QueryRunTest, CancellingKeepsWhatWasReplaced) {
   RecordForm form = makeRecordForm(app);
   form.checks[0].value = 1;
