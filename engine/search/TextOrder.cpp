@@ -102,10 +102,11 @@ std::array<std::uint8_t, 256> textWeights(int codePage) {
   for (std::size_t byte = 0; byte < 256; ++byte) {
     const std::string letter =
         lowerCase(upperCase(std::string(1, static_cast<char>(byte)), codePage), codePage);
-    const char16_t c = toUtf16(letter, codePage)[0];
+    char16_t c = toUtf16(letter, codePage)[0];
     const Group group = groupOf(c);
-    const char16_t plain = group == Group::blank ? u' ' : group == Group::letter ? plainLetter(c) : c;
-    places.push_back({{group, plain, plain != c, group == Group::blank ? u' ' : c}, byte});
+    if (group == Group::blank) c = u' ';
+    const char16_t plain = group == Group::letter ? plainLetter(c) : c;
+    places.push_back({{group, plain, plain != c, c}, byte});
   }
   std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.order < b.order; });
   std::array<std::uint8_t, 256> weights{};
