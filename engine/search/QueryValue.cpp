@@ -31,7 +31,7 @@ std::string withColons(const std::string& digits) {
   const std::size_t size = digits.size() > 4 ? 6 : 4;
   std::string text(size - std::min(size, digits.size()), '0');
   text += digits;
-  for (std::size_t at = size - 2; at > 0; at -= 2) text.insert(at, ":");
+  for (std::size_t at = size - 2; at > 0; at -= 2) text.insert(at, 1, ':');
   return text;
 }
 
