@@ -102,7 +102,9 @@ KeyResult RecordSession::fieldKeyDown(int n, const KeyEvent& key) {
   if (!liveField(n) || busy_) return KeyResult::swallowed();
   if (key.key == kPause) return toggleStopWatch(n);
   if (key.key > kF1 && key.key <= kF12 && key.shift == 0) {
-    KeyResult result{true, functionKeyText(key.key - kF1), 0};
+    KeyResult result{false, functionKeyText(key.key - kF1), 0};
+    // A key without a text keeps its meaning for the window.
+    result.swallow = !result.insert.empty();
     if (!result.insert.empty() && (!mayEdit(field(n).locked) || !beginEdit())) result.insert.clear();
     return result;
   }
@@ -188,8 +190,10 @@ void RecordSession::actionClick() {
   const std::string& text = field(focusIndex_).text;
   const FieldActionRow row = fieldAction(text);
   if (row.action == FieldAction::none) return;
-  const bool holdsPrefix = contains(lowerAscii(text), row.prefix);
-  services_.shell.open(holdsPrefix ? text : row.prefix + text);
+  const std::string lower = lowerAscii(text);
+  // An address may also name its own way, as "https://" does.
+  const bool complete = contains(lower, row.prefix) || contains(lower, "://");
+  services_.shell.open(complete ? text : row.prefix + text);
 }
 
 void RecordSession::comboGotFocus(int n) {

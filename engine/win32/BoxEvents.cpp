@@ -48,6 +48,8 @@ std::optional<LRESULT> BoxWindows::boxMessage(HWND window, UINT message, WPARAM 
         host_.openCalendar(box.index);
         return 0;
       }
+      // The only function key that comes this way; with Shift it asks for the menu of the box.
+      if (wide == VK_F10 && ::GetKeyState(VK_SHIFT) >= 0 && keyDown(window, box, VK_F10)) return 0;
       break;
     case WM_CHAR: {
       const std::optional<wchar_t> ch = keyPress(window, box, static_cast<wchar_t>(wide));

@@ -1,6 +1,7 @@
 #include "engine/win32/UsersWindow.h"
 
 #include "engine/UserTableEditor.h"
+#include "engine/win32/AccessibleNames.h"
 #include "engine/win32/ModalDialog.h"
 #include "platform/win32/Win32Text.h"
 #include "widgets/win32/WidgetClasses.h"
@@ -108,11 +109,23 @@ class UsersWindow : public ModalDialog {
       setText(kNameId + row, editor_.name(row));
       setText(kPasswordId + row, editor_.password(row));
       ::CheckDlgButton(dialog_, kReadOnlyId + row, editor_.readOnly(row) ? BST_CHECKED : BST_UNCHECKED);
+      nameRow(row);
       // Without the main entry the next user would become the main one.
       ::EnableWindow(item(kRemoveId + row), entry != 0);
     }
     filling_ = false;
     ::InvalidateRect(dialog_, nullptr, TRUE);
+  }
+  // For who cannot see in which row a box stands.
+  void nameRow(int row) {
+    const std::string entry = std::string(" ").append(textOf(kNumberId + row));
+    const auto name = [&](int id, const std::string& what) {
+      names_.set(item(id + row), toWide(what + entry, application_.codePage));
+    };
+    name(kNameId, caption(52, "User"));
+    name(kPasswordId, caption(53, "Password"));
+    name(kReadOnlyId, caption(56, "Read only"));
+    name(kRemoveId, caption(60, "Remove"));
   }
   void scrollTo(int first) {
     const int before = editor_.scroll();
@@ -136,6 +149,7 @@ class UsersWindow : public ModalDialog {
 
   static constexpr COLORREF kCurrentColor = 0xEFEFEF;
   const BrushHandle currentBrush_{::CreateSolidBrush(kCurrentColor)};
+  AccessibleNames names_;
   UserTableEditor& editor_;
   Messages& messages_;
   bool filling_ = false;

@@ -144,6 +144,7 @@ TEST_F(SessionTest, FunctionKeysTypeTextsFieldsAndDates) {
   EXPECT_EQ(o.fieldKeyDown(2, {114, 0}).insert, "r1");
   EXPECT_EQ(o.fieldKeyDown(2, {115, 0}).insert, "2023");
   EXPECT_EQ(o.fieldKeyDown(2, {123, 0}).insert, "bye");
+  EXPECT_FALSE(o.fieldKeyDown(2, {121, 0}).swallow) << "F10 without a text stays the menu's";
   EXPECT_EQ(o.fieldKeyDown(2, {112 + 3, kShift}).swallow, true);
   EXPECT_EQ(o.text1(), "2") << "Shift+F4 goes forward";
 }
@@ -358,7 +359,10 @@ TEST_F(SessionTest, TheActionToolOpensWhatTheBoxHolds) {
   user.type(1, "www.x.de");
   s.fieldGotFocus(1);
   s.actionClick();
-  ASSERT_EQ(user.shell.opened.size(), 2u);
+  user.type(1, "a://x.htm");
+  s.actionClick();
+  ASSERT_EQ(user.shell.opened.size(), 3u);
+  EXPECT_EQ(user.shell.opened[2].target, "a://x.htm") << "complete as it is";
   EXPECT_EQ(user.shell.opened[0].target, "mailto:a@b.de");
   EXPECT_EQ(user.shell.opened[1].target, "http://www.x.de");
 }

@@ -74,5 +74,58 @@ TEST(UserTableEditor, ServesWhoeverMaySetTheMainPassword) {
   EXPECT_TRUE(loginRequired(kept));
 }
 
+std::map<std::string, Bytes> contents(const MemoryDisk& disk) {
+  std::map<std::string, Bytes> all;
+  for (const auto& [path, file] : disk.files) all[path] = file->bytes;
+  return all;
+}
+
+TEST(UserTableEditor, AReadOnlyUserWritesNothing) {
+  Payload p = shopPayload();
+  p.application.mainPassword = "boss";
+  p.pictures.resize(1);
+  p.pictures[0].page = 0;
+  p.fields[1].dummyField = -1;
+  p.buttons.resize(1);
+  p.buttons[0].page = 0;
+  p.buttons[0].script = "F2=5";
+  User boss(p);
+  ASSERT_TRUE(boss.session->tryLogin("", "boss"));
+  UserTableEditor editor(boss.session->start().users, 0);
+  editor.setPassword(1, "guest");
+  editor.setReadOnly(1, true);
+  *boss.session->editUsers() = editor.stored();
+  ASSERT_TRUE(boss.session->openData(true));
+  boss.type(2, "3");
+  ASSERT_TRUE(boss.session->changeForm([](RecordForm& form) { form.pictures[0].stem = "1.jpg"; }));
+  boss.files.put("/app/ShopPics/1.jpg", {1});
+  ASSERT_TRUE(boss.session->close());
+  const auto before = contents(*boss.files.disk);
+
+  User guest(p, boss.files.disk);
+  StartUp start = guest.session->start();
+  RecordForm scratch = start.form;
+  readCfg(*guest.files.read(start.cfgPath), start.application, scratch, start.users);
+  RecordSession session(start, {guest.files, guest.messages, guest.clock, englishLocale(), guest.shell,
+                                flatStoreOpener(guest.shared, guest.files), nullptr, nullptr});
+  ASSERT_TRUE(session.tryLogin("", "guest"));
+  ASSERT_TRUE(session.openData(false));
+  session.fieldGotFocus(2);
+  EXPECT_FALSE(session.fieldNumberPicked("7"));
+  session.fieldEdited(2, "8");
+  session.fieldEdited(1, "global");
+  session.fieldDatePicked(4, kTestNow);
+  session.checkClick(0);
+  session.comboClick(1, "Net");
+  session.memoEdited(1, "text");
+  session.commandClick(0);
+  session.newbutClick();
+  session.erasefileClick();
+  EXPECT_FALSE(session.changeForm([](RecordForm& form) { form.pictures[0].stem.clear(); }));
+  EXPECT_FALSE(session.editUsers());
+  EXPECT_TRUE(session.close());
+  EXPECT_EQ(contents(*boss.files.disk), before);
+}
+
 }  // namespace
 }  // namespace plinth
