@@ -199,6 +199,7 @@ std::int64_t ContactsTable::loadRandom(int times, std::uint32_t rows) {
   sqlite3_stmt* statement = prepare("SELECT * FROM contacts WHERE id=?1");
   std::uint64_t state = 42;
   std::int64_t bytes = 0;
+  run("BEGIN");
   for (int i = 0; i < times; ++i) {
     sqlite3_bind_int64(statement, 1, 1 + randomBelow(state, rows));
     if (sqlite3_step(statement) != SQLITE_ROW) die("a record is missing");
@@ -213,6 +214,7 @@ std::int64_t ContactsTable::loadRandom(int times, std::uint32_t rows) {
     sqlite3_reset(statement);
   }
   sqlite3_finalize(statement);
+  run("COMMIT");
   return bytes;
 }
 

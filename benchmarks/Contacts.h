@@ -44,7 +44,7 @@ class ContactsTable {
   void run(const std::string& sql);
   std::int64_t rowsOf(const std::string& sql);  // steps through the whole result
   double valueOf(const std::string& sql);
-  std::int64_t loadRandom(int times, std::uint32_t rows);  // all columns, as ours
+  std::int64_t loadRandom(int times, std::uint32_t rows);  // all columns, in one transaction
   void replace(int id, const Contact& row);
 
  private:
