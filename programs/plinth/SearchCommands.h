@@ -2,7 +2,7 @@
 // same searches that the application's windows run.
 #pragma once
 
-#include <vector>
+#include <string_view>
 
 #include "engine/RecordSession.h"
 #include "engine/RecordText.h"
