@@ -1,8 +1,11 @@
 #include "engine/win32/UsersWindow.h"
 
+#include <commctrl.h>
+
 #include "engine/UserTableEditor.h"
 #include "engine/win32/AccessibleNames.h"
 #include "engine/win32/ModalDialog.h"
+#include "engine/win32/Window.h"
 #include "platform/win32/Win32Text.h"
 #include "widgets/win32/WidgetClasses.h"
 
@@ -39,8 +42,8 @@ class UsersWindow : public ModalDialog {
     head(kCheckLeft, kCheckWide + kGap + kRemoveWide, caption(56, "Read only"));
     for (int row = 0; row < kRows; ++row) addRow(row);
     const int bottom = kTop + kRows * kStep;
-    add(kRealvScrollClass, "", WS_TABSTOP, {kBarLeft, kTop, kBarWide, bottom - kTop - kStep + kBoxHigh},
-        kScrollId, font(9));
+    add(kRealvScrollClass, "", 0, {kBarLeft, kTop, kBarWide, bottom - kTop - kStep + kBoxHigh}, kScrollId,
+        font(9));
     SCROLLINFO range = {};
     range.cbSize = sizeof range;
     range.fMask = SIF_RANGE;
@@ -95,7 +98,10 @@ class UsersWindow : public ModalDialog {
         font(9));
     add(L"EDIT", "", WS_TABSTOP | ES_AUTOHSCROLL, {kPasswordLeft, top, kPasswordWide, kBoxHigh},
         kPasswordId + row, font(9));
-    for (const int id : {kNameId, kPasswordId}) ::SendMessageW(item(id + row), EM_LIMITTEXT, kMostLetters, 0);
+    for (const int id : {kNameId + row, kPasswordId + row}) {
+      ::SendMessageW(item(id), EM_LIMITTEXT, kMostLetters, 0);
+      ::SetWindowSubclass(item(id), keys, static_cast<UINT_PTR>(id), reinterpret_cast<DWORD_PTR>(this));
+    }
     add(L"BUTTON", "", WS_TABSTOP | BS_AUTOCHECKBOX, {kCheckLeft, top, 20, kBoxHigh}, kReadOnlyId + row,
         font(9));
     add(L"BUTTON", caption(60, "Remove"), WS_TABSTOP, {kRemoveLeft, top, kRemoveWide, kBoxHigh},
@@ -132,6 +138,30 @@ class UsersWindow : public ModalDialog {
     editor_.setScroll(first);
     ::SendMessageW(item(kScrollId), SBM_SETPOS, static_cast<WPARAM>(editor_.scroll()), TRUE);
     if (editor_.scroll() != before) fill();
+  }
+  static LRESULT CALLBACK keys(HWND window, UINT message, WPARAM wide, LPARAM param, UINT_PTR id,
+                               DWORD_PTR self) {
+    bool taken = false;
+    if (message == WM_KEYDOWN)
+      guarded([&] {
+        taken = reinterpret_cast<UsersWindow*>(self)->rowKey(static_cast<int>(id), static_cast<int>(wide));
+      });
+    return taken ? 0 : ::DefSubclassProc(window, message, wide, param);
+  }
+  // From row to row, and at the ends through the table.
+  bool rowKey(int id, int key) {
+    if (key == VK_PRIOR || key == VK_NEXT) {
+      scrollTo(editor_.scroll() + (key == VK_NEXT ? kRows : -kRows));
+      return true;
+    }
+    if (key != VK_UP && key != VK_DOWN) return false;
+    const int step = key == VK_DOWN ? 1 : -1;
+    const int first = isRow(id, kNameId) ? kNameId : kPasswordId;
+    if (isRow(id + step, first))
+      ::SetFocus(item(id + step));
+    else
+      scrollTo(editor_.scroll() + step);
+    return true;
   }
   bool mayClose() {
     if (!editor_.mayClose()) messages_.show(kNoPassword, MessageIcon::warning);

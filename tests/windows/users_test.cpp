@@ -60,8 +60,8 @@ Hands::Step picture(const std::string& name) {
 
 constexpr wchar_t kDialog[] = L"#32770";
 constexpr int kLoginName = 20, kLoginPassword = 21, kLoginPrompt = 22, kLoginBack = 23;
-constexpr int kUserName = 120, kUserPassword = 140, kUserReadOnly = 160, kUserRemove = 180, kUserScroll = 200,
-              kUsersClose = 201;
+constexpr int kUserNumber = 100, kUserName = 120, kUserPassword = 140, kUserReadOnly = 160, kUserRemove = 180,
+              kUserScroll = 200, kUsersClose = 201;
 
 TEST_F(EngineWindows, MakesUsersAndAsksForTheMainPassword) {
   {
@@ -79,6 +79,16 @@ TEST_F(EngineWindows, MakesUsersAndAsksForTheMainPassword) {
            EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(window, kUserRemove)));
          },
          picture("users"),
+         [](HWND window) {
+           // Down from the last row, a page on, and to the end by the bar.
+           const HWND last = ::GetDlgItem(window, kUserPassword + 9);
+           ::SetFocus(last);
+           ::SendMessageW(last, WM_KEYDOWN, VK_DOWN, 0);
+           EXPECT_EQ(textOf(window, kUserNumber + 9), L"10");
+           ::SendMessageW(last, WM_KEYDOWN, VK_NEXT, 0);
+           EXPECT_EQ(textOf(window, kUserNumber + 9), L"20");
+           EXPECT_EQ(textOf(window, kUserName), L"");
+         },
          [](HWND window) {
            const HWND bar = ::GetDlgItem(window, kUserScroll);
            ::SendMessageW(bar, SBM_SETPOS, 1000, TRUE);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <numeric>
+#include <random>
 
 #include "builder/payload/ImageHeader.h"
 #include "builder/payload/PayloadFile.h"
@@ -93,6 +94,12 @@ TEST(SignedFile, WithALyingHeaderHasNoPayload) {
     Bytes file = good;
     put(file, lie.offset, lie.value);
     EXPECT_FALSE(readPayload(file).ok()) << lie.what;
+  }
+  std::mt19937 random(7);
+  for (int round = 0; round < 500; ++round) {
+    Bytes file = good;
+    for (int i = 0; i < 3; ++i) file[random() % 400] = static_cast<std::uint8_t>(random());
+    readPayloadPart(file);
   }
   // A header cut at every place.
   const Bytes stub = programImage(kind);
