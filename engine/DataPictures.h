@@ -1,5 +1,5 @@
-// Images of records: kept as files of their own in PicDir, under a running number that the record holds as the
-// picture's stem. Decoders look at the bytes, so that the names need no extension.
+// Images of records: kept as files of their own in PicDir, under a running number that the record holds as
+// the picture's stem. Decoders look at the bytes, so that the names need no extension.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
 // Gestures to changes of the form. The form's lists keep hidden objects between records: a new object takes
-// the first place behind the visible ones, so that it lies on top and still does when the record is read back.
+// the first place behind the visible ones, so that it lies on top and still does when the record is read
+// back.
 #include "engine/VariableObjects.h"
 
 #include <algorithm>
@@ -148,7 +149,8 @@ VariableRef VariableObjects::at(PointPx point) const {
   const RecordForm& form = session_.form();
   const auto hit = [&](VariableRef::Kind kind, std::size_t count) {
     for (std::size_t i = count; i > 0; --i)
-      if (const VariableRef object{kind, static_cast<int>(i - 1)}; place(object).contains(point)) return object;
+      if (const VariableRef object{kind, static_cast<int>(i - 1)}; place(object).contains(point))
+        return object;
     return VariableRef{};
   };
   const VariableRef label = hit(VariableRef::Kind::label, form.labels.size());
@@ -174,6 +176,11 @@ void VariableObjects::deselect() {
   dragging_ = false;
   select({});
   told();
+}
+
+void VariableObjects::settled() {
+  changedRecord_ = 0;
+  deselect();
 }
 
 bool VariableObjects::changed() const {
@@ -257,8 +264,8 @@ VariableRef VariableObjects::press(PointPx point) {
     startCorner_ = {rect.left, rect.top};
     dragging_ = true;
   }
-  if (object.kind == VariableRef::Kind::label) {
-    style_ = styleOf(*selectedLabel());
+  if (const VariableLabel* label = selectedLabel()) {
+    style_ = styleOf(*label);
     session_.variableLabelGotFocus();
   }
   told();

@@ -1,6 +1,6 @@
 // The hands of the person on the free labels and pictures of the present record: adding, choosing, dragging,
-// styling, deleting. Windows forward gestures as plain points and keys; every change goes through the session,
-// so that it takes the record as typing does.
+// styling, deleting. Windows forward gestures as plain points and keys; every change goes through the
+// session, so that it takes the record as typing does.
 #pragma once
 
 #include <functional>
@@ -39,8 +39,8 @@ struct LabelLink {
   int navigation = -1;  // 0 to 5 as Command2_Click, 6 a new record
 };
 // The link in a label's text: the text itself when it is one of the navigation words "<<<" to ">>>" and "<>",
-// else its first word that is a web address ("http://", "https://", "www.") or a mail address. Nothing else is
-// opened, since records come from other people too.
+// else its first word that is a web address ("http://", "https://", "www.") or a mail address. Nothing else
+// is opened, since records come from other people too.
 std::optional<LabelLink> labelLink(std::string_view text);
 
 // The numbers of the pictures "<number>.gif" among the names of a folder, ascending; other names are skipped.
@@ -82,8 +82,8 @@ class VariableObjects {
   void release() { dragging_ = false; }
   void cancelDrag();  // back to where it began
   bool dragging() const { return dragging_; }
-  // Arrows move the selected object by the grid, with Ctrl by a pixel; Delete removes it, Esc ends a drag, the
-  // tool or the selection. True when the key was one of these.
+  // Arrows move the selected object by the grid, with Ctrl by a pixel; Delete removes it, Esc ends a drag,
+  // the tool or the selection. True when the key was one of these.
   bool keyDown(const KeyEvent& key);
   // A click without tools: makes the labels the object in focus and follows the label's link. False when no
   // label is there.
@@ -103,6 +103,8 @@ class VariableObjects {
   bool remove();
   // The objects of the present record were changed and the record is not saved yet.
   bool changed() const;
+  // The record was saved or left: nothing is selected nor counts as changed any more.
+  void settled();
 
   // Called when selection, tool, look or the changed mark may be other than before.
   std::function<void()> onChange;

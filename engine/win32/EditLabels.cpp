@@ -13,11 +13,21 @@ constexpr int kEdge = 10, kWide = 330, kHigh = 112, kMostText = 9000;
 constexpr struct {
   int number;
   const wchar_t* name;
-} kCharSets[] = {{0, L"Western"},     {238, L"Central European"},     {204, L"Cyrillic"},
-                 {161, L"Greek"},     {162, L"Turkish"},              {186, L"Baltic"},
-                 {177, L"Hebrew"},    {178, L"Arabic"},               {163, L"Vietnamese"},
-                 {222, L"Thai"},      {128, L"Japanese"},             {129, L"Korean"},
-                 {134, L"Chinese (simplified)"}, {136, L"Chinese (traditional)"}, {2, L"Symbol"}};
+} kCharSets[] = {{0, L"Western"},
+                 {238, L"Central European"},
+                 {204, L"Cyrillic"},
+                 {161, L"Greek"},
+                 {162, L"Turkish"},
+                 {186, L"Baltic"},
+                 {177, L"Hebrew"},
+                 {178, L"Arabic"},
+                 {163, L"Vietnamese"},
+                 {222, L"Thai"},
+                 {128, L"Japanese"},
+                 {129, L"Korean"},
+                 {134, L"Chinese (simplified)"},
+                 {136, L"Chinese (traditional)"},
+                 {2, L"Symbol"}};
 
 }  // namespace
 
@@ -80,8 +90,8 @@ void EditLabels::show() {
   }
   WPARAM row = 0;
   while (row < std::size(kCharSets) && kCharSets[row].number != label->charSet) ++row;
-  ::SendMessageW(item(kLabelCharSetId), CB_SETCURSEL, row < std::size(kCharSets) ? row : static_cast<WPARAM>(-1),
-                 0);
+  if (row == std::size(kCharSets)) row = static_cast<WPARAM>(-1);
+  ::SendMessageW(item(kLabelCharSetId), CB_SETCURSEL, row, 0);
   showing_ = false;
   showStyle();
 }

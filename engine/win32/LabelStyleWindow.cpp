@@ -19,7 +19,8 @@ void LabelStyleWindow::addStyle() {
     ::SendMessageW(item(kLabelSizeId), CB_ADDSTRING, 0,
                    reinterpret_cast<LPARAM>(std::to_wstring(size).c_str()));
   ::SendMessageW(item(kLabelSizeId), CB_LIMITTEXT, 3, 0);
-  for (const auto& [id, text] : {std::pair{kLabelBoldId, "B"}, {kLabelItalicId, "I"}, {kLabelUnderlineId, "U"}})
+  for (const auto& [id, text] :
+       {std::pair{kLabelBoldId, "B"}, {kLabelItalicId, "I"}, {kLabelUnderlineId, "U"}})
     add(L"BUTTON", text, WS_TABSTOP | BS_AUTOCHECKBOX | BS_PUSHLIKE, id);
   add(L"BUTTON", caption(43, "Color"), WS_TABSTOP, kLabelColorId);
 }
@@ -74,7 +75,9 @@ bool LabelStyleWindow::styleCommand(int id, int notice) {
     return true;
   }
   LabelStyle style = objects_.style();
-  const auto on = [this](int button) { return ::SendMessageW(item(button), BM_GETCHECK, 0, 0) == BST_CHECKED; };
+  const auto on = [this](int button) {
+    return ::SendMessageW(item(button), BM_GETCHECK, 0, 0) == BST_CHECKED;
+  };
   if (id == kLabelSizeId) {
     std::string text = textOf(id);
     if (notice == CBN_SELCHANGE) {

@@ -14,6 +14,7 @@ namespace {
 
 constexpr WORD kHand = 32649, kCross = 32515, kMove = 32646;
 constexpr std::int32_t kMarkColor = 0xC06000;
+constexpr int kMarkGap = 3;  // units between an object and its outline
 constexpr UINT kChooseCommand = 1, kPasteCommand = 2, kRemoveCommand = 3, kEditCommand = 4, kToolsCommand = 5;
 constexpr int kKeyV = 'V';
 
@@ -83,7 +84,7 @@ void ObjectTools::follow() {
   const bool changedNow = objects_.changed();
   if (changedBefore_ && !changedNow) {
     edit_.hide();
-    objects_.deselect();
+    objects_.settled();
   }
   changedBefore_ = changedNow;
   tools_.show();
@@ -267,16 +268,16 @@ WORD ObjectTools::pointerAt(PointPx point) const {
 void ObjectTools::paintMarks(Canvas& canvas) const {
   const Pen dashes{LineStyle::dot, 1, kMarkColor};
   const Brush none{FillStyle::none};
-  const auto outline = [&](const RectPx& rect) { canvas.box(inflated(rect, 2), dashes, none); };
+  const auto outline = [&](const RectPx& rect) { canvas.box(inflated(rect, kMarkGap), dashes, none); };
   if (marked_ >= 0 && host_.session().visibleNow(host_.application().picture(marked_).page))
     outline(layout_.picture(marked_));
   const VariableRef object = objects_.selection();
   if (!objects_.editing() || !object) return;
-  const RectPx rect = objects_.place(object);
-  outline(rect);
+  outline(objects_.place(object));
+  const RectPx rect = inflated(objects_.place(object), kMarkGap);
   constexpr int kHandle = 5;
-  for (const PointPx corner : {PointPx{rect.left, rect.top}, {rect.right(), rect.top},
-                               {rect.left, rect.bottom()}, {rect.right(), rect.bottom()}})
+  for (const PointPx corner : {PointPx{rect.left, rect.top}, {rect.right() - 1, rect.top},
+                               {rect.left, rect.bottom() - 1}, {rect.right() - 1, rect.bottom() - 1}})
     canvas.box({corner.x - kHandle / 2, corner.y - kHandle / 2, kHandle, kHandle},
                {LineStyle::solid, 1, kMarkColor}, {});
 }

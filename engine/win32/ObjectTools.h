@@ -1,5 +1,5 @@
-// The hands on what a record has beside its boxes: free labels and pictures with their windows, and the images
-// of the record. The main window makes one, opens it, and tells it when something happened.
+// The hands on what a record has beside its boxes: free labels and pictures with their windows, and the
+// images of the record. The main window makes one, opens it, and tells it when something happened.
 #pragma once
 
 #include "engine/win32/EditLabels.h"

@@ -23,8 +23,8 @@ class PictureChooser : public ToolWindow {
   // All must outlive this.
   PictureChooser(EngineHost& host, DataPictures& pictures, Chooser& chooser, ImageDecoder& decoder,
                  Settings& settings);
-  // For picture n, which shows `now` (or nothing) in a box of `box` pixels. changed: called when another image
-  // was kept.
+  // For picture n, which shows `now` (or nothing) in a box of `box` pixels. changed: called when another
+  // image was kept.
   void open(HWND owner, int n, std::shared_ptr<Image> now, SizePx box, std::function<void()> changed);
 
  protected:
@@ -46,8 +46,8 @@ class PictureChooser : public ToolWindow {
   Settings& settings_;
   int picture_ = -1;
   SizePx box_;
-  Bytes bytes_;              // of the file chosen, empty for none
-  std::string name_;         // of it
+  Bytes bytes_;       // of the file chosen, empty for none
+  std::string name_;  // of it
   bool removed_ = false;
   std::shared_ptr<Image> preview_;
   std::function<void()> changed_;

@@ -131,7 +131,8 @@ void PicturePalette::paint() {
   RECT area = {};
   ::GetClientRect(handle(), &area);
   GdiCanvas canvas(buffer.dc());
-  canvas.box({0, 0, static_cast<int>(area.right), static_cast<int>(area.bottom)}, {LineStyle::none, 1, 0}, {});
+  const RectPx paper{0, 0, static_cast<int>(area.right), static_cast<int>(area.bottom)};
+  canvas.box(paper, {LineStyle::none, 1, 0}, {});
   const int side = cell(), across = columns(), room = static_cast<int>(std::lround(kRoom * scale_));
   for (int i = top_ / side * across; i < static_cast<int>(numbers_.size()); ++i) {
     const RectPx place{i % across * side, i / across * side - top_, side, side};

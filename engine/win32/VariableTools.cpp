@@ -71,10 +71,14 @@ void VariableTools::open(HWND owner, bool keepFocus) {
   ::ShowWindow(handle(), keepFocus ? SW_SHOWNOACTIVATE : SW_SHOW);
 }
 
-void VariableTools::close() {
-  if (!handle()) return;
+void VariableTools::keep() const {
   keepPlace(settings_, kPlaceKey);
   settings_.set(kSection, kGridKey, std::to_string(objects_.gridSize()));
+}
+
+void VariableTools::close() {
+  if (!visible()) return;
+  keep();
   objects_.setEditing(false);
   ::ShowWindow(handle(), SW_HIDE);
 }
@@ -141,6 +145,9 @@ LRESULT VariableTools::message(UINT message, WPARAM wide, LPARAM param) {
     }
     case WM_CLOSE:
       close();
+      return 0;
+    case WM_DESTROY:  // with the main window
+      keep();
       return 0;
     default:
       return standard(message, wide, param);

@@ -35,6 +35,7 @@ class VariableTools : public LabelStyleWindow {
   bool make(HWND owner);
   void command(int id, int notice);
   void pick(std::int32_t number);
+  void keep() const;
   PictureFiles& pictures_;
   Files& files_;
   Settings& settings_;

@@ -8,8 +8,8 @@ namespace plinth {
 
 enum class PictureFormat { png, jpeg };
 
-// The bytes of a picture file for pixels with premultiplied alpha. PNG keeps their transparency, JPEG has them
-// on white. Empty when the system cannot encode them.
+// The bytes of a picture file for pixels with premultiplied alpha. PNG keeps their transparency, JPEG has
+// them on white. Empty when the system cannot encode them.
 Bytes encodePicture(const Pixels& pixels, PictureFormat format);
 
 }  // namespace plinth

@@ -69,6 +69,9 @@ TEST(VariableObjects, KeepsWhatWasPlacedAndStyledThroughSaveAndLoad) {
   EXPECT_TRUE(board.objects.changed());
   ASSERT_TRUE(board.user.session->saveRecord());
   EXPECT_FALSE(board.objects.changed());
+  board.objects.settled();
+  board.user.type(1, "Anna");
+  EXPECT_FALSE(board.objects.changed());
 
   Board again(board.user.files.disk);
   EXPECT_EQ(again.label(0).text, "Call her");
@@ -201,8 +204,8 @@ TEST(VariableObjects, FollowsTheLinksOfLabels) {
 }
 
 TEST(VariableObjects, FindsThePicturesOfAFolder) {
-  EXPECT_EQ(freePictureNumbers({"100001.GIF", "100000.gif", "100000.GIF", "-1.gif", "0.gif", "007.gif", "1.png",
-                                "a.gif", "99999999999.gif", ".gif", "2.gif.exe"}),
+  EXPECT_EQ(freePictureNumbers({"100001.GIF", "100000.gif", "100000.GIF", "-1.gif", "0.gif", "007.gif",
+                                "1.png", "a.gif", "99999999999.gif", ".gif", "2.gif.exe"}),
             (std::vector<std::int32_t>{100000, 100001}));
 }
 
