@@ -164,7 +164,8 @@ void Searches::runOver(SearchResult& result, const Query& query, const std::vect
   }
   progress.title(captionOr(application(), 20, "Search line"));
   const QueryOutcome outcome =
-      runQuery(query, {*session.store(), application(), matchCase, upward, progress, hit, lost, within});
+      runQuery(query, {*session.store(), application(), matchCase, upward, progress, hit, lost, within,
+                       session.locale()});
   progress.title("");
   if (!result.lists()) result.hits.clear();
   result.cancelled = outcome.cancelled;

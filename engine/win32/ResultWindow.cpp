@@ -10,7 +10,7 @@ namespace plinth {
 namespace {
 
 constexpr int kListId = 10, kStatusId = 11, kFindId = 12;
-constexpr int kWide = 640, kHigh = 400, kBar = 32, kNumberWide = 64, kMostWide = 320;
+constexpr int kWide = 640, kHigh = 400, kBar = 32, kMostWide = 320;
 constexpr const char* kPlace = "Search";
 constexpr const char* kFont = "Courier New";
 constexpr ULONGLONG kBetween = 30;
@@ -76,7 +76,8 @@ void ResultWindow::setColumns(double now) {
   const auto letters = [&](int count) {
     return std::clamp(static_cast<int>(count * ten.cx / 10) + px(22), px(40), px(kMostWide));
   };
-  std::vector<ListColumn> columns{{caption(8, "Record"), px(kNumberWide), true, false}};
+  const std::string number = caption(8, "Record");
+  std::vector<ListColumn> columns{{number, letters(static_cast<int>(number.size())), true, false}};
   for (const ResultColumn& column : source_->columns()) {
     if (columns.size() > static_cast<std::size_t>(kListColumns)) break;
     const int needed = std::max(column.widthChars, static_cast<int>(column.header.size()) + 2);

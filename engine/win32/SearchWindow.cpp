@@ -92,11 +92,11 @@ void SearchWindow::fill() {
   showKept();
 }
 
-// A star for lines that stay; the tip says what a press does.
+// Plus keeps a line, minus removes it; the tip says so.
 void SearchWindow::showKept() {
   const bool kept = kept_.holds(trim(line()));
   ::SendMessageW(item(kKeepId), BM_SETCHECK, kept ? BST_CHECKED : BST_UNCHECKED, 0);
-  ::SetWindowTextW(item(kKeepId), kept ? L"\x2605" : L"\x2606");
+  ::SetWindowTextW(item(kKeepId), kept ? L"\x2212" : L"+");
   TTTOOLINFOW tip = {};
   tip.cbSize = sizeof tip;
   tip.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
