@@ -185,8 +185,9 @@ LRESULT CalculatorWindow::message(UINT message, WPARAM wide, LPARAM param) {
     case WM_CLOSE:
       hide();
       return 0;
-    case WM_DESTROY:
-      if (visible()) keepPlace(settings_, kPlace);
+    case WM_EXITSIZEMOVE:
+      // It may go with the main window, without being closed.
+      keepPlace(settings_, kPlace);
       return 0;
     default:
       break;
