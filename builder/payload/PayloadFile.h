@@ -39,10 +39,9 @@ struct ApplicationImage {
 using SectionDone = std::function<bool(int done, int total)>;
 
 // Puts a payload behind a stamped engine image. The payload's first slot begins on the image's last byte. The
-// check sum in the image's header, which stamping made untrue, is set to 0: a signature changes it, and readers
-// of a signed file must know what it was.
-// Tables longer than the format's limits are an error (full), as is a stub shorter than kSmallestStub
-// (damaged); giving up is an error too (failed).
+// check sum in the image's header, which stamping made untrue, is set to 0: a signature changes it, and
+// readers of a signed file must know what it was. Tables longer than the format's limits are an error (full),
+// as is a stub shorter than kSmallestStub (damaged); giving up is an error too (failed).
 Result<ApplicationImage> writeApplication(Bytes stampedStub, const Payload& payload,
                                           const SectionDone& sectionDone = {});
 

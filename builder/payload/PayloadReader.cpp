@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int64_t kTrailer = 4;
 constexpr std::size_t kMostPadding = 7;  // certificate tables begin at multiples of 8
-constexpr int kReportVersion = 22;  // applications hold reports in the newest form only
+constexpr int kReportVersion = 22;       // applications hold reports in the newest form only
 
 }  // namespace
 

@@ -79,7 +79,8 @@ class LoginBox : public ModalDialog {
     if (asksName) {
       add(L"BUTTON", caption(61, "OK"), WS_TABSTOP | BS_DEFPUSHBUTTON, {second, row, button, 26}, IDOK,
           font(9));
-      add(L"BUTTON", std::string("< ").append(caption(52, "User")), WS_TABSTOP, {second, row, button, 26}, kBackId, font(9));
+      add(L"BUTTON", std::string("< ").append(caption(52, "User")), WS_TABSTOP, {second, row, button, 26},
+          kBackId, font(9));
     }
     add(L"BUTTON", caption(62, "Cancel"), WS_TABSTOP, {left + wide - button, row, button, 26}, IDCANCEL,
         font(9));
