@@ -102,7 +102,9 @@ enum class ButtonIcon {
   copy,
   calendar,
   help,
-  document
+  document,
+  calculator,  // from here on: only of tools
+  sort
 };
 // The picture of a stored number: 1 to 13 as listed, above 13 the document, all else none.
 ButtonIcon buttonIconOf(int number);

@@ -241,6 +241,18 @@ void paintToolIcon(const IconPen& pen, ButtonIcon icon) {
       pen.outline(2, 0, 12, 16);
       for (int y = 4; y < 14; y += 3) pen.bar(4, y, 8, 1);
       break;
+    case ButtonIcon::calculator:
+      pen.outline(2, 0, 12, 16);
+      pen.bar(4, 2, 8, 3);
+      for (int y = 7; y < 14; y += 3)
+        for (int x = 4; x < 12; x += 3) pen.bar(x, y, 2, 2);
+      break;
+    case ButtonIcon::sort:
+      for (int i = 0; i < 4; ++i) pen.bar(1, 2 + 4 * i, 3 + 2 * i, 2);
+      pen.stroke(13, 1, 13, 14, 2);
+      pen.stroke(10, 11, 13, 14, 2);
+      pen.stroke(16, 11, 13, 14, 2);
+      break;
     default:
       break;
   }

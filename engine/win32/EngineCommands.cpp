@@ -6,6 +6,11 @@
 #include "platform/win32/Win32Text.h"
 
 namespace plinth {
+namespace {
+
+constexpr int kPasswordsCaption = 58;
+
+}  // namespace
 
 const EngineWindow::Command* EngineWindow::commandOf(MenuId id) {
   static constexpr Command kCommands[] = {
@@ -17,6 +22,8 @@ const EngineWindow::Command* EngineWindow::commandOf(MenuId id) {
       {MenuId::pasting, &EngineWindow::mayPaste, &EngineWindow::editCommand},
       {MenuId::deletemarkrec, &EngineWindow::mayWrite, &EngineWindow::newEntry},
       {MenuId::erasefile, &EngineWindow::mayWrite, &EngineWindow::clearEntry},
+      {MenuId::cal, &EngineWindow::always, &EngineWindow::showCalculator},
+      {MenuId::passmenu, &EngineWindow::mayEditUsers, &EngineWindow::showUsers},
       {MenuId::deleteRecord, &EngineWindow::mayWrite, &EngineWindow::deleteRecord},
       {MenuId::replaceMenu, &EngineWindow::mayReplace, &EngineWindow::replaceLine},
       {MenuId::finden0, &EngineWindow::isOpen, &EngineWindow::find},
@@ -43,6 +50,13 @@ void EngineWindow::choose(const MenuEntry& entry) {
   if (mayRun(entry)) (this->*commandOf(entry.id)->run)(entry);
 }
 
+// The entry for users and passwords appears for the main user; its words come with the captions.
+bool EngineWindow::shows(const MenuEntry& entry) const {
+  if (entry.id == MenuId::passmenu)
+    return session_->mayEditUsers() && !runCaption(application(), kPasswordsCaption).empty();
+  return entry.visible;
+}
+
 // Each title of the bar stands before its entries.
 void EngineWindow::makeMenu() {
   menu_ = MenuHandle(::CreateMenu());
@@ -51,15 +65,17 @@ void EngineWindow::makeMenu() {
   const std::vector<MenuEntry>& entries = application().menus;
   for (std::size_t i = 0; i < entries.size() && i < kMostMenuEntries; ++i) {
     const MenuEntry& entry = entries[i];
-    const std::wstring caption = toWide(entry.caption, application().codePage);
+    const bool users = entry.id == MenuId::passmenu;
+    const std::wstring caption =
+        toWide(users ? runCaption(application(), kPasswordsCaption) : entry.caption, application().codePage);
     if (entry.parent == MenuId::none) {
       title = entry.visible ? ::CreatePopupMenu() : nullptr;
       if (title) ::AppendMenuW(menu_.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(title), caption.c_str());
       any = any || title;
       continue;
     }
-    if (!entry.visible || !title) continue;
-    if (entry.separatorBefore) ::AppendMenuW(title, MF_SEPARATOR, 0, nullptr);
+    if (!shows(entry) || !title) continue;
+    if (entry.separatorBefore || users) ::AppendMenuW(title, MF_SEPARATOR, 0, nullptr);
     ::AppendMenuW(title, MF_STRING, kMenuId + i, caption.c_str());
   }
   if (any)
@@ -72,7 +88,7 @@ void EngineWindow::updateMenu() {
   if (!menu_) return;
   const std::vector<MenuEntry>& entries = application().menus;
   for (std::size_t i = 0; i < entries.size() && i < kMostMenuEntries; ++i)
-    if (entries[i].parent != MenuId::none && entries[i].visible)
+    if (entries[i].parent != MenuId::none && shows(entries[i]))
       ::EnableMenuItem(menu_.get(), static_cast<UINT>(kMenuId + i),
                        MF_BYCOMMAND | (mayRun(entries[i]) ? MF_ENABLED : MF_GRAYED));
 }
@@ -129,7 +145,10 @@ void EngineWindow::clearEntry(const MenuEntry&) {
 
 void EngineWindow::editCommand(const MenuEntry& entry) {
   const UINT message = entry.id == MenuId::cuting ? WM_CUT : entry.id == MenuId::copying ? WM_COPY : WM_PASTE;
-  if (const HWND edit = focusedEdit()) ::SendMessageW(edit, message, 0, 0);
+  if (const HWND edit = focusedEdit())
+    ::SendMessageW(edit, message, 0, 0);
+  else if (message == WM_PASTE)
+    objects_->paste();
 }
 
 void EngineWindow::showHelp(const MenuEntry&) { services_.shell.open(session_->start().helpFile); }
@@ -149,6 +168,16 @@ void EngineWindow::runProgram(const MenuEntry& entry) {
 }
 
 void EngineWindow::exitProgram(const MenuEntry&) { ::PostMessageW(handle(), WM_CLOSE, 0, 0); }
+
+void EngineWindow::showCalculator(const MenuEntry&) {
+  act([&] { boxes_->commitFocus(); });
+  tools_->showCalculator();
+}
+
+void EngineWindow::showUsers(const MenuEntry&) {
+  act([&] { boxes_->commitFocus(); });
+  tools_->showUsers();
+}
 
 void EngineWindow::find(const MenuEntry&) {
   act([&] { boxes_->commitFocus(); });
@@ -218,7 +247,8 @@ bool EngineWindow::mayCut() const {
 
 bool EngineWindow::mayPaste() const {
   const HWND edit = focusedEdit();
-  return edit && (::GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY) == 0 &&
+  if (!edit) return objects_ && objects_->mayPaste();
+  return (::GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY) == 0 &&
          ::IsClipboardFormatAvailable(CF_UNICODETEXT);
 }
 

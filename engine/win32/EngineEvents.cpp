@@ -28,6 +28,7 @@ void EngineWindow::act(const std::function<void()>& event) {
     event();
   }
   tendStopWatch();
+  if (objects_) objects_->follow();
 }
 
 void EngineWindow::later(std::function<void()> event) {
@@ -53,6 +54,7 @@ void EngineWindow::recordShown() {
   boxes_->showAll();
   panel_->handle() ? panel_->show() : void();
   page_->repaint();
+  if (objects_) objects_->follow();
   showPicturesAgain();
 }
 
@@ -83,6 +85,7 @@ void EngineWindow::pageShown(int page) {
   view_.setPage(page_->handle(), page_->size());
   placePageTips();
   showTabs();
+  if (objects_) objects_->follow();
 }
 
 void EngineWindow::toolsChanged() {
@@ -186,7 +189,8 @@ int EngineWindow::run() {
 
 void EngineWindow::dispatch(const MSG& message) {
   bool taken = false;
-  guarded([&] { taken = (tools_ && tools_->takes(message)) || preTranslate(message); });
+  guarded([&] { taken = (tools_ && tools_->takes(message)) || (objects_ && objects_->takes(message)) ||
+                   preTranslate(message); });
   if (taken) return;
   ::TranslateMessage(&message);
   ::DispatchMessageW(&message);

@@ -104,7 +104,8 @@ void EngineWindow::makeParts() {
   boxes_ = std::make_unique<BoxWindows>(host, *layout_);
   page_ = std::make_unique<PageWindow>(host, *layout_, *boxes_, *pictures_);
   panel_ = std::make_unique<RecordPanel>(host);
-  tools_ = std::make_unique<EngineTools>(host, services_.messages, services_.sharedFiles, services_.settings);
+  tools_ = std::make_unique<EngineTools>(host, services_.messages, services_.sharedFiles, services_.settings,
+                                         services_.clipboard);
   tools_->open(handle());
   registerWidgets(::GetModuleHandleW(nullptr));
   makeMenu();
@@ -112,6 +113,10 @@ void EngineWindow::makeParts() {
   view_.open(handle());
   page_->open(view_.handle());
   boxes_->create(page_->handle());
+  objects_ = std::make_unique<ObjectTools>(
+      host, *layout_, *pictures_, *page_, *boxes_,
+      ObjectServices{services_.messages, services_.chooser, services_.shell, services_.files,
+                     services_.decoder, services_.settings});
   const bool onPage = app.payload.application.frame3Visible;
   if (app.toolBarVisible) {
     toolBar_ = std::make_unique<ToolBar>(
@@ -140,6 +145,7 @@ bool EngineWindow::open(RecordSession& session, HWND& owner) {
   act([&] { session.openData(false); });
   databaseChanged();
   ::SetTimer(handle(), kClockTimer, 1000, nullptr);
+  objects_->open(handle());
   restoreFocus();
   boxes_->announceFocus();
   return true;

@@ -9,6 +9,7 @@
 #include "engine/win32/BoxWindows.h"
 #include "engine/win32/CalendarPopup.h"
 #include "engine/win32/EngineTools.h"
+#include "engine/win32/ObjectTools.h"
 #include "engine/win32/PageView.h"
 #include "engine/win32/PageWindow.h"
 #include "engine/win32/ToolBar.h"
@@ -94,8 +95,9 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   // Commands (EngineCommands.cpp).
   void makeMenu();
   void updateMenu();
-  bool mayRun(const MenuEntry& entry) const;
-  void choose(const MenuEntry& entry);
+  bool mayRun(const MenuEntry& entry) const override;
+  void choose(const MenuEntry& entry) override;
+  bool shows(const MenuEntry& entry) const;
   void navigate(int id);
   void openList(const MenuEntry&);
   void newList(const MenuEntry&);
@@ -113,12 +115,15 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   void makeIndex(const MenuEntry&);
   void newView(const MenuEntry&);
   void deleteRecord(const MenuEntry&);
+  void showCalculator(const MenuEntry&);
+  void showUsers(const MenuEntry&);
   bool always() const { return true; }
   bool mayWrite() const;
   bool mayCopy() const;
   bool mayCut() const;
   bool mayPaste() const;
   bool hasHelp() const;
+  bool mayEditUsers() const { return session_->mayEditUsers(); }
   bool isOpen() const { return session_->isOpen(); }
   bool maySearch() const { return tools_->searches().maySearch(); }
   bool maySort() const { return tools_->searches().maySort(); }
@@ -146,6 +151,7 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   std::unique_ptr<ToolBar> toolBar_;
   std::unique_ptr<RecordPanel> panel_;
   std::unique_ptr<EngineTools> tools_;
+  std::unique_ptr<ObjectTools> objects_;
   PageView view_;
   CalendarPopup calendar_;
   std::array<HWND, 5> tabs_{};

@@ -20,7 +20,9 @@ struct ToolRow {
 };
 constexpr ToolRow kTools[] = {{MenuId::printReport, ButtonIcon::print},
                               {MenuId::finden0, ButtonIcon::find},
+                              {MenuId::finden4, ButtonIcon::sort},
                               {MenuId::copyadress, ButtonIcon::copy},
+                              {MenuId::cal, ButtonIcon::calculator},
                               {MenuId::pdf, ButtonIcon::document},
                               {MenuId::infoo, ButtonIcon::help}};
 
@@ -94,11 +96,21 @@ void ToolBar::show() {
       ::InvalidateRect(tool.window, nullptr, FALSE);
     }
   const FocusTools& focus = host_.session().tools();
+  nameSearch(focus);
   const bool offered = focus.action != FieldAction::none;
   if (offered) host_.setToolTip(action_, focus.actionToolTip);
   ::SetWindowTextW(action_, toWide(focus.actionToolTip, host_.application().codePage).c_str());
   ::ShowWindow(action_, offered ? SW_SHOWNA : SW_HIDE);
   ::InvalidateRect(action_, nullptr, FALSE);
+}
+
+// The search tool says what it would search.
+void ToolBar::nameSearch(const FocusTools& focus) {
+  std::string tip = focus.searchLabel;
+  if (!focus.searchToolTip.empty()) tip += (tip.empty() ? "" : "  -  ") + focus.searchToolTip;
+  for (const Tool& tool : tools_)
+    if (tool.window && tool.entry->id == MenuId::finden0 && focus.find)
+      host_.setToolTip(tool.window, tip.empty() ? tool.entry->toolTip : tip);
 }
 
 void ToolBar::command(int id) {

@@ -31,6 +31,7 @@ class ToolBar : public Window {
     HWND window = nullptr;
   };
   void makeTools();
+  void nameSearch(const FocusTools& focus);
   void drawTool(const DRAWITEMSTRUCT& item) const;
   void command(int id);
   void paint();

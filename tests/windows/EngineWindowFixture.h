@@ -94,7 +94,7 @@ inline Payload shop() {
   p.buttons[0].image = 1;
   PayloadMenus& menus = p.application.menus;
   menus.fmenu = "&File", menus.mlist = "&Open...", menus.newin = "&New...", menus.exitit = "E&xit";
-  menus.ops = "&Edit", menus.pasting = "&Paste", menus.erasefile = "C&lear", menus.finding = "&Search",
+  menus.ops = "&Edit", menus.pasting = "&Paste", menus.copyadress = "Copy &Record", menus.erasefile = "C&lear", menus.finding = "&Search",
   menus.finden0 = "&Find";
   p.application.guideVisible = true;
   p.application.pageCaptions = {"Goods", "More", "", "", ""};

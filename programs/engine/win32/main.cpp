@@ -30,7 +30,8 @@ int runApplication(const std::string& commandLine) {
                           ICC_PROGRESS_CLASS};
   ::InitCommonControlsEx(&controls);
   HWND owner = nullptr;
-  const DialogOwner ownerOf = [&owner] { return owner; };
+  // A dialog stands before the one that is open already.
+  const DialogOwner ownerOf = [&owner] { return owner ? ::GetLastActivePopup(owner) : owner; };
   MessageBoxes early(ownerOf, programNames({programPath(), commandLine, false}, '\\').exeStem,
                      systemCodePage());
   StartUp start = startUp({programPath(), commandLine, true}, systemFiles(), early);
