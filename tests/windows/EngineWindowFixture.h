@@ -121,7 +121,7 @@ class EngineWindows : public testing::Test {
     start.application = makeApplication(payload);
     start.form = makeRecordForm(start.application);
     start.names.appPath = folder / "";
-    start.users = initialUsers(start.application);
+    start.users = users ? *users : initialUsers(start.application);
     start.loginRequired = loginRequired(start.users);
     start.background = background;
     start.cfgPath = folder / "shop.cfg";
@@ -212,7 +212,8 @@ class EngineWindows : public testing::Test {
 
   Payload payload = shop();
   TempFolder folder;
-  std::string background;  // path of the picture behind the page
+  std::string background;          // path of the picture behind the page
+  std::optional<UserTable> users;  // in place of the design's own
   FakeMessages messages;
   FakeChooser chooser;
   FakeShell shell;

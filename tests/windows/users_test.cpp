@@ -139,6 +139,28 @@ TEST_F(EngineWindows, AsksForNameThenPasswordWithoutTellingNames) {
   for (const FormCheck& check : other.form().checks) EXPECT_TRUE(check.locked);
 }
 
+TEST_F(EngineWindows, ReaderLogsInAndChangesNothing) {
+  typeField(kName, L"kept");
+  ::SendMessageW(window->handle(), WM_CLOSE, 0, 0);
+  pump();
+  users.emplace();
+  users->passwords[0] = encodePassword("boss");
+  users->passwords[1] = encodePassword("guest");
+  users->readOnly[1] = 1;
+  {
+    const Hands hands(kDialog, L"Shop", {enter(kLoginPassword, L"guest")});
+    ASSERT_TRUE(open());
+  }
+  EXPECT_EQ(fieldShown(kName), "Kept");
+  typeField(kName, L"other");
+  click(kNavigationId + 6);
+  menu(MenuId::erasefile);
+  EXPECT_EQ(fieldShown(kName), "Kept");
+  EXPECT_EQ(session->recCount(), 1);
+  EXPECT_NE(menuState(MenuId::erasefile) & MF_GRAYED, 0u);
+  shot("reader");
+}
+
 TEST_F(EngineWindows, CalculatesBesideThePageAndFillsTheField) {
   ::SetFocus(control(kFieldId + kPrice));
   pump();
