@@ -171,13 +171,18 @@ void Run::copyToolImages() {
   if (document_.options.fieldToolBox == 0) return;
   const std::string from = program("Images") + env_.files.separator();
   const std::string to = inFolder("Images");
-  int missing = env_.files.makeFolder(to).ok() ? 0 : 1;
+  if (const Result<void> made = env_.files.makeFolder(to); !made.ok()) {
+    result_.notes.push_back("The folder " + to + " cannot be made: " + made.error().text);
+    return;
+  }
+  int failed = 0;
   for (int number = kFirstToolImage; number <= kLastToolImage; ++number) {
     const std::string name = std::to_string(number) + ".GIF";
-    if (!env_.files.copy(from + name, to + env_.files.separator() + name).ok()) ++missing;
+    const Result<void> copied = env_.files.copy(from + name, to + env_.files.separator() + name);
+    if (!copied.ok() && copied.error().kind != ErrorKind::notFound) ++failed;  // which come along is free
   }
-  if (missing > 0)
-    result_.notes.push_back("Images of the tool box that could not be copied: " + std::to_string(missing));
+  if (failed > 0)
+    result_.notes.push_back("Images of the tool box that could not be copied: " + std::to_string(failed));
 }
 
 // The application shows page 0 first: what lies on other pages is hidden then, and so are pictures that say

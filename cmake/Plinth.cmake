@@ -110,6 +110,20 @@ function(plinth_program exe)
   endif()
 endfunction()
 
+# plinth_brings(<exe> <folder>...): copies folders of the source root beside a program that looks for them there, so
+# that it also runs from the build folder.
+function(plinth_brings exe)
+  if(NOT TARGET ${exe})
+    return()
+  endif()
+  foreach(part ${ARGN})
+    if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${part})
+      add_custom_command(TARGET ${exe} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/${part} $<TARGET_FILE_DIR:${exe}>/${part})
+    endif()
+  endforeach()
+endfunction()
+
 # GoogleTest as installed, or for the Windows cross build from the sources that Debian installs beside it.
 macro(plinth_find_gtest)
   find_package(GTest QUIET)

@@ -1,5 +1,6 @@
 // The commands of the menu as rows: what may run when. An entry that has no row yet shows, as the design
 // says, but greyed.
+#include "basic/Text.h"
 #include "engine/win32/ControlIds.h"
 #include "engine/win32/EngineDialogs.h"
 #include "engine/win32/EngineWindow.h"
@@ -87,10 +88,24 @@ void EngineWindow::makeMenu() {
 void EngineWindow::updateMenu() {
   if (!menu_) return;
   const std::vector<MenuEntry>& entries = application().menus;
-  for (std::size_t i = 0; i < entries.size() && i < kMostMenuEntries; ++i)
-    if (entries[i].parent != MenuId::none && shows(entries[i]))
-      ::EnableMenuItem(menu_.get(), static_cast<UINT>(kMenuId + i),
-                       MF_BYCOMMAND | (mayRun(entries[i]) ? MF_ENABLED : MF_GRAYED));
+  for (std::size_t i = 0; i < entries.size() && i < kMostMenuEntries; ++i) {
+    const MenuEntry& entry = entries[i];
+    if (entry.parent == MenuId::none || !shows(entry)) continue;
+    const auto id = static_cast<UINT>(kMenuId + i);
+    if (entry.id == MenuId::finden0)
+      ::ModifyMenuW(menu_.get(), id, MF_BYCOMMAND | MF_STRING, id,
+                    toWide(searchCaption(entry), application().codePage).c_str());
+    ::EnableMenuItem(menu_.get(), id, MF_BYCOMMAND | (mayRun(entry) ? MF_ENABLED : MF_GRAYED));
+  }
+}
+
+// The search entry says what it would search.
+std::string EngineWindow::searchCaption(const MenuEntry& entry) const {
+  const std::string& label = session_->tools().searchLabel;
+  if (label.empty() || !maySearch()) return entry.caption;
+  const bool dots = entry.caption.ends_with("...");
+  const std::string words = dots ? entry.caption.substr(0, entry.caption.size() - 3) : entry.caption;
+  return words + " " + replaceAll(label, "&", "&&") + (dots ? "..." : "");
 }
 
 void EngineWindow::command(int id, int notice) {

@@ -98,6 +98,7 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
   bool mayRun(const MenuEntry& entry) const override;
   void choose(const MenuEntry& entry) override;
   bool shows(const MenuEntry& entry) const;
+  std::string searchCaption(const MenuEntry& entry) const;
   void navigate(int id);
   void openList(const MenuEntry&);
   void newList(const MenuEntry&);

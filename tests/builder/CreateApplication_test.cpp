@@ -146,7 +146,9 @@ TEST_F(CreateApplication, LeavesTheEarlierBuildWhenCancelledOrImpossible) {
 
 TEST_F(CreateApplication, BringsHelpToolImagesAndDefaultImageAlong) {
   files.put("/plinth/Languages/Englishb.chm", "help");
-  files.put("/plinth/Images/100064.GIF", "gif");
+  for (const char* image : {"99999", "100000", "100064", "100065"}) {
+    files.put("/plinth/Images/" + std::string(image) + ".GIF", image);
+  }
   files.put("/plinth/main.jpg", "main");
   document.options.check1 = 1;
   document.options.fieldToolBox = 1;
@@ -156,14 +158,31 @@ TEST_F(CreateApplication, BringsHelpToolImagesAndDefaultImageAlong) {
   CreateResult result = run(named("app"));
   ASSERT_TRUE(result.ok());
   EXPECT_EQ(files.textOf("/out/app/app.chm"), "help");
-  EXPECT_EQ(files.textOf("/out/app/Images/100064.GIF"), "gif");
+  EXPECT_EQ(files.list("/out/app/Images"), (std::vector<std::string>{"100000.GIF", "100064.GIF"}));
+  EXPECT_EQ(files.textOf("/out/app/Images/100064.GIF"), "100064");
   EXPECT_EQ(files.textOf("/out/app/0.jpg"), "main");
-  EXPECT_EQ(result.notes.size(), 1u);  // 64 images are missing
+  EXPECT_TRUE(result.notes.empty()) << "images that are missing are passed over";
   files.put("/plinth/Languages/Dutchb.chm", "hulp");
   document.defaultImagePath = *pictures.put("mine.jpg", Bytes{'m'});
   ASSERT_TRUE(run(named("app")).ok());
   EXPECT_EQ(files.textOf("/out/app/app.chm"), "hulp");
   EXPECT_EQ(files.textOf("/out/app/0.jpg"), "m");
+}
+
+TEST_F(CreateApplication, IsWholeWithoutTheToolImages) {
+  document.options.fieldToolBox = 1;
+  EXPECT_TRUE(run(named("none")).notes.empty());
+  EXPECT_TRUE(files.isFolder("/out/none/Images"));
+  files.put("/plinth/Images/100000.GIF", "gif");
+  files.put("/out/blocked/blocked.exe", "old");
+  files.put("/out/blocked/Images/100000.GIF", "mine");
+  files.setReadOnly("/out/blocked/Images/100000.GIF", true);
+  const CreateResult result = run(named("blocked"));
+  EXPECT_TRUE(result.ok());
+  EXPECT_EQ(result.notes.size(), 1u);
+  document.options.fieldToolBox = 0;
+  ASSERT_TRUE(run(named("off")).ok());
+  EXPECT_FALSE(files.isFolder("/out/off/Images"));
 }
 
 TEST_F(CreateApplication, StampsTheChosenIconElseTheProjectsElseTheDefault) {

@@ -59,5 +59,16 @@ TEST(CreateFromFixtures, EveryObjectArrives) {
   }
 }
 
+// What the tool window offers: one size, and see-through, as they lie on any page.
+TEST(ToolImages, AreAllThereAndTransparent) {
+  for (int number = 100000; number <= 100064; ++number) {
+    const std::string name = std::to_string(number) + ".GIF";
+    std::ifstream file(PLINTH_TEST_DATA "/../../Images/" + name, std::ios::binary);
+    const std::string gif{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    EXPECT_EQ(gif.substr(0, 10), std::string("GIF89a\x20\0\x20\0", 10)) << name;
+    EXPECT_NE(gif.find(std::string("\x21\xF9\x04\x01", 4)), std::string::npos) << name;
+  }
+}
+
 }  // namespace
 }  // namespace plinth
