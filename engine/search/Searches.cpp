@@ -93,6 +93,8 @@ SearchResult* Searches::start(std::string_view line, SearchResult* within, bool 
   if (running_ || text.empty()) return nullptr;
   quiet_ = quiet;
   unreadableShown_ = false;
+  // Outcomes that no window shows are kept until the next run.
+  std::erase_if(results_, [](const auto& kept) { return !kept->lists(); });
   if (!ready()) return nullptr;
   RecordSession& session = services_.session;
   const Query query = parseQuery(text, {application(), session.store()->layout(), session.locale(), matchCase,

@@ -75,7 +75,8 @@ class Searches : public QueryRunner {
 
   // Runs a line of the search window: a command, or a plain search of the object in focus. within: the result
   // whose records alone are looked at; it is replaced by what is found. Shows the boxes that go with the
-  // command. The result belongs to this; nullptr when nothing was run (a message was shown).
+  // command. The result belongs to this: until close(), or the next run when it has no list; nullptr when
+  // nothing was run (a message was shown).
   SearchResult* search(std::string_view line, SearchResult* within = nullptr);
   // A result that nobody shows any more.
   void close(SearchResult& result);
