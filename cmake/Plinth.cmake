@@ -110,8 +110,8 @@ function(plinth_program exe)
   endif()
 endfunction()
 
-# plinth_brings(<exe> <folder>...): copies folders of the source root beside a program that looks for them there, so
-# that it also runs from the build folder.
+# plinth_brings(<exe> <folder>...): copies folders of the source root beside a program that looks for them
+# there, so that it also runs from the build folder.
 function(plinth_brings exe)
   if(NOT TARGET ${exe})
     return()
@@ -119,7 +119,8 @@ function(plinth_brings exe)
   foreach(part ${ARGN})
     if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${part})
       add_custom_command(TARGET ${exe} POST_BUILD
-        COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/${part} $<TARGET_FILE_DIR:${exe}>/${part})
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/${part}
+                $<TARGET_FILE_DIR:${exe}>/${part})
     endif()
   endforeach()
 endfunction()
