@@ -118,6 +118,8 @@ function(plinth_brings exe)
   endif()
   foreach(part ${ARGN})
     if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${part})
+      file(GLOB files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${part}/*)
+      set_property(TARGET ${exe} APPEND PROPERTY LINK_DEPENDS ${files})  # so that a changed file is copied too
       add_custom_command(TARGET ${exe} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/${part}
                 $<TARGET_FILE_DIR:${exe}>/${part})
