@@ -176,12 +176,6 @@ LRESULT CalculatorWindow::message(UINT message, WPARAM wide, LPARAM param) {
       return 0;
     case WM_CTLCOLORSTATIC:
       return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_WINDOW));
-    case WM_ERASEBKGND: {
-      RECT area = {};
-      ::GetClientRect(handle(), &area);
-      ::FillRect(reinterpret_cast<HDC>(wide), &area, ::GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
     case WM_CLOSE:
       hide();
       return 0;

@@ -122,12 +122,6 @@ LRESULT EditLabels::message(UINT message, WPARAM wide, LPARAM param) {
     case WM_COMMAND:
       command(LOWORD(wide), HIWORD(wide));
       return 0;
-    case WM_ERASEBKGND: {
-      RECT area = {};
-      ::GetClientRect(handle(), &area);
-      ::FillRect(reinterpret_cast<HDC>(wide), &area, ::GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
     case WM_CLOSE:
       hide();
       return 0;

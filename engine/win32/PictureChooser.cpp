@@ -168,15 +168,6 @@ LRESULT PictureChooser::message(UINT message, WPARAM wide, LPARAM param) {
     case WM_DRAWITEM:
       drawPreview(*reinterpret_cast<const DRAWITEMSTRUCT*>(param));
       return TRUE;
-    case WM_CTLCOLORSTATIC:
-      ::SetBkMode(reinterpret_cast<HDC>(wide), TRANSPARENT);
-      return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
-    case WM_ERASEBKGND: {
-      RECT area = {};
-      ::GetClientRect(handle(), &area);
-      ::FillRect(reinterpret_cast<HDC>(wide), &area, ::GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
     case WM_CLOSE:
       close();
       return 0;

@@ -79,12 +79,6 @@ LRESULT ProgressWindow::message(UINT message, WPARAM wide, LPARAM param) {
     ::EnableWindow(item(IDCANCEL), FALSE);
     return 0;
   }
-  if (message == WM_ERASEBKGND) {
-    RECT area = {};
-    ::GetClientRect(handle(), &area);
-    ::FillRect(reinterpret_cast<HDC>(wide), &area, ::GetSysColorBrush(COLOR_BTNFACE));
-    return 1;
-  }
   if (message == WM_CLOSE) {
     cancelled_ = true;
     return 0;

@@ -174,14 +174,6 @@ LRESULT ResultWindow::message(UINT message, WPARAM wide, LPARAM param) {
     case WM_SETFOCUS:
       ::SetFocus(item(kListId));
       return 0;
-    case WM_ERASEBKGND: {
-      RECT area = {};
-      ::GetClientRect(handle(), &area);
-      ::FillRect(reinterpret_cast<HDC>(wide), &area, ::GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
-    case WM_CTLCOLORSTATIC:
-      return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
     case WM_CLOSE:
       close();
       return 0;

@@ -182,15 +182,6 @@ LRESULT SearchWindow::message(UINT message, WPARAM wide, LPARAM param) {
       room.ptMaxTrackSize.y = frame.bottom - frame.top;
       return 0;
     }
-    case WM_ERASEBKGND: {
-      RECT area = {};
-      ::GetClientRect(handle(), &area);
-      ::FillRect(reinterpret_cast<HDC>(wide), &area, ::GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN:
-      return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
     case WM_CLOSE:
       hide();
       return 0;

@@ -19,6 +19,24 @@ bool ToolWindow::takes(const MSG& message) const {
   return ::IsDialogMessageW(handle(), &copy);
 }
 
+LRESULT ToolWindow::standard(UINT message, WPARAM wide, LPARAM param) {
+  const HBRUSH paper = ::GetSysColorBrush(COLOR_BTNFACE);
+  switch (message) {
+    case WM_ERASEBKGND: {
+      RECT area = {};
+      ::GetClientRect(handle(), &area);
+      ::FillRect(reinterpret_cast<HDC>(wide), &area, paper);
+      return 1;
+    }
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      ::SetBkMode(reinterpret_cast<HDC>(wide), TRANSPARENT);
+      return reinterpret_cast<LRESULT>(paper);
+    default:
+      return Window::standard(message, wide, param);
+  }
+}
+
 bool ToolWindow::openAbove(HWND owner, const wchar_t* className, const std::string& title, DWORD style,
                            SIZE inside) {
   const WindowDc dc(owner);

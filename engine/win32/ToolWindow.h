@@ -20,6 +20,8 @@ class ToolWindow : public Window {
   bool takes(const MSG& message) const;
 
  protected:
+  // What a window does not handle itself: the grey paper behind its controls, and all else as usual.
+  LRESULT standard(UINT message, WPARAM wide, LPARAM param);
   // Makes the window, hidden, above `owner`; sizes in units of 1/96 inch of its inside.
   bool openAbove(HWND owner, const wchar_t* className, const std::string& title, DWORD style, SIZE inside);
   HWND add(const wchar_t* kind, const std::string& text, DWORD style, int id, DWORD extended = 0);

@@ -134,15 +134,6 @@ LRESULT VariableTools::message(UINT message, WPARAM wide, LPARAM param) {
     case WM_COMMAND:
       command(LOWORD(wide), HIWORD(wide));
       return 0;
-    case WM_CTLCOLORSTATIC:
-      ::SetBkMode(reinterpret_cast<HDC>(wide), TRANSPARENT);
-      return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
-    case WM_ERASEBKGND: {
-      RECT area = {};
-      ::GetClientRect(handle(), &area);
-      ::FillRect(reinterpret_cast<HDC>(wide), &area, ::GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
     case WM_CLOSE:
       close();
       return 0;
