@@ -139,9 +139,10 @@ bool RecordSession::close(bool evenIfUnsaved) {
   if (!saveIfDirty() && !evenIfUnsaved) return false;
   closeStore();
   closed_ = true;
+  // Before any message box: while one waits, windows must not ask for records any more.
+  view().databaseChanged();
   // Who was not let in leaves everything as it is.
   if (start_.proceed && (!start_.loginRequired || login_)) writeSettings();
-  view().databaseChanged();
   return true;
 }
 
