@@ -120,7 +120,12 @@ std::vector<std::string> ResultRows::cells(std::int32_t record) {
   if (!store_.load(record, form_)) return cells;
   auto cell = cells.begin();
   if (!keys_.empty()) *cell++ = keyCell();
-  for (const FocusObject& object : objects_) *cell++ = objectCell(object);
+  for (const FocusObject& object : objects_) {
+    // What was searched stands in its own column as it stands in front.
+    const auto key = std::find_if(keys_.begin(), keys_.end(),
+                                  [&](const RecordKey& searched) { return searched.object == object; });
+    *cell++ = key == keys_.end() ? objectCell(object) : keyPart(*key);
+  }
   return cells;
 }
 
@@ -134,6 +139,11 @@ std::string ResultRows::keyPart(const RecordKey& key) const {
   switch (key.object.kind) {
     case FocusKind::memo:
       return memoCell(objectCell(key.object));
+    case FocusKind::field: {
+      // Boxes may leave a zero out; a value that was searched for shows.
+      const std::string text = objectCell(key.object);
+      return text.empty() && isNumberKind(key.fieldKind) ? formatFieldNumber(key.fieldKind, 0, locale_) : text;
+    }
     case FocusKind::dateStamp:
       return form_.dateStamp == 0 ? ""
                                   : formatFieldDate(6, form_.dateStamp, application_.dateFormat, locale_);

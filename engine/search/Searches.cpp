@@ -119,7 +119,8 @@ SearchResult* Searches::start(std::string_view line, SearchResult* within, bool 
   }
   runOver(*result, query, within ? &candidates : nullptr);
   running_ = result->running = false;
-  finish(*result);
+  const bool adds = query.verb == QueryVerb::sum || query.verb == QueryVerb::count;
+  finish(*result, !(adds && query.conditions.empty()));
   return result;
 }
 
@@ -180,7 +181,7 @@ void Searches::runOver(SearchResult& result, const Query& query, const std::vect
   if (!outcome.error.text.empty()) sayError(outcome.error);
 }
 
-void Searches::finish(SearchResult& result) {
+void Searches::finish(SearchResult& result, bool answers) {
   RecordSession& session = services_.session;
   result.status = statusOf(result);
   if (result.lists()) {
@@ -189,7 +190,8 @@ void Searches::finish(SearchResult& result) {
     return;
   }
   // What was counted when somebody stopped the run is no answer.
-  if (!result.cancelled || result.verb == QueryVerb::replace) say(boxText(result), MessageIcon::information);
+  if (result.cancelled && result.verb != QueryVerb::replace) answers = false;
+  if (answers) say(boxText(result), MessageIcon::information);
 }
 
 std::string Searches::boxText(const SearchResult& result) const {

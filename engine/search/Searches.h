@@ -109,7 +109,8 @@ class Searches : public QueryRunner {
   bool ready();
   bool mayRun(SearchResult& result);
   void runOver(SearchResult& result, const Query& query, const std::vector<std::int32_t>* within);
-  void finish(SearchResult& result);
+  // answers: a command tells its outcome in a box; sums and counts of nothing do not.
+  void finish(SearchResult& result, bool answers);
   void unreadable(std::int32_t record);
   void say(std::string_view text, MessageIcon icon);
   void sayError(const Error& error);

@@ -13,7 +13,7 @@
 namespace plinth {
 namespace {
 
-// The box that answers a command is the tool's output; all other boxes are messages.
+// The tool prints outcomes itself; a box that tells why nothing was run is kept, all others are messages.
 class AnswerBox : public Messages {
  public:
   explicit AnswerBox(Messages& others) : others_(others) {}
@@ -103,9 +103,9 @@ int printRows(const SearchTool& tool, const Searches& searches, const SearchResu
   return out ? kDone : kFailed;
 }
 
-void printTotals(const SearchTool& tool, const SearchResult& result, const std::string& answer) {
+void printTotals(const SearchTool& tool, const SearchResult& result) {
   if (!tool.options.json) {
-    tool.machine.out << toUtf8(answer, codePageOf(tool)) << "\n";
+    tool.machine.out << toUtf8(result.status, codePageOf(tool)) << "\n";
     return;
   }
   JsonWriter json;
@@ -146,7 +146,7 @@ int runQueryLine(SearchTool& tool) {
   if (result->lists())
     code = printRows(tool, searches, *result);
   else
-    printTotals(tool, *result, box.answer());
+    printTotals(tool, *result);
   // A record that could not be read or changed has been told of; what was found or done still counts.
   return tool.messages.shown() > before ? kFailed : code;
 }

@@ -65,9 +65,12 @@ TEST(ResultRows, PutsTheSearchedTextsInFront) {
   shop.add(form);
   const auto keys =
       keysOfLabel(shop.application, shop.store->layout(), shop.key(FocusKind::field, 1));
-  ResultRows names = rowsOf(shop, keys, {1});
-  EXPECT_EQ(names.cells(1), (Cells{"Anna | a b" + std::string(196, 'x'), "Anna"}));
+  ResultRows names = rowsOf(shop, keys, {1, 6001});
+  const std::string memo = "a b" + std::string(196, 'x');
+  EXPECT_EQ(names.cells(1), (Cells{"Anna | " + memo, "Anna", memo}));
   EXPECT_EQ(rowsOf(shop, {shop.key(FocusKind::field, 2)}, {}).cells(1), (Cells{"2.00"}));
+  // Boxes leave a zero out, the searched value shows it.
+  EXPECT_EQ(rowsOf(shop, {shop.key(FocusKind::field, 3)}, {3, 5}).cells(1), (Cells{"0", "0", ""}));
   EXPECT_TRUE(rowsOf(shop, {shop.key(FocusKind::field, 2)}, {}).columns()[0].alignRight);
   ResultRows stamps = rowsOf(shop, {shop.key(FocusKind::dateStamp, 0)}, {});
   EXPECT_EQ(stamps.columns()[0].header, "Date");

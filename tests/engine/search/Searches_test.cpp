@@ -97,6 +97,9 @@ TEST_F(Shop, CommandsTellTheirOutcomeAndScriptsUseItSilently) {
   hits("sum Count");
   hits("count Price=3");
   hits("sum Price>100");
+  hits("count Nobody=3");  // names nothing that could be counted
+  EXPECT_EQ(searches->totals().count, 0);
+  hits("sum Nobody");
   EXPECT_EQ(user->messages.texts(),
             (std::vector<std::string>{"Total: 17          Average: 3.4", "2 Total", "Total: 0"}));
   script("sum Count\r\ncount Price=3\r\nf2=SumTotal$\r\nf3=CountTotal$");
