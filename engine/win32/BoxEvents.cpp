@@ -164,12 +164,21 @@ void BoxWindows::gotFocus(BoxId box, HWND control) {
 
 void BoxWindows::edited(BoxId box, HWND control) {
   if (showing_) return;
-  const std::string now = text(control);
+  const std::wstring typed = wideText(control);
+  const std::string now = fromWide(typed, app().codePage);
+  bool heard = false;
   host_.act([&] {
+    heard = true;
     if (box.type == BoxType::field) host_.session().fieldEdited(box.index, now);
     if (box.type == BoxType::memo) host_.session().memoEdited(box.index, now);
     if (box.type == BoxType::combo) host_.session().comboEdited(box.index, now);
   });
+  // Typed in the middle of other work, or pasted in letters that no record can hold: the box must not show
+  // what will not be saved.
+  if (heard && wide(now) == typed) return;
+  if (box.type == BoxType::field) showField(box.index);
+  if (box.type == BoxType::memo) showMemo(box.index);
+  if (box.type == BoxType::combo) showCombo(box.index);
 }
 
 void BoxWindows::comboNotice(int n, int notice, HWND control) {
@@ -189,6 +198,21 @@ void BoxWindows::comboNotice(int n, int notice, HWND control) {
   host_.act([&] { host_.session().comboClick(n, bytes); });
   // A refused choice must not stay in the box.
   showCombo(n);
+}
+
+// A button takes no second click while its script runs, which costs it the keyboard.
+void BoxWindows::clicked(int button, HWND control) {
+  host_.act([&] { host_.session().commandClick(button); });
+  const HWND root = ::GetAncestor(control, GA_ROOT), focus = ::GetFocus();
+  if ((!focus || focus == root) && ::GetActiveWindow() == root) ::SetFocus(control);
+}
+
+bool BoxWindows::clickFocusedButton() const {
+  const HWND focus = ::GetFocus();
+  if (!focus || ::GetParent(focus) != page_ || boxOfId(::GetDlgCtrlID(focus)).type != BoxType::button)
+    return false;
+  ::SendMessageW(focus, BM_CLICK, 0, 0);
+  return true;
 }
 
 bool BoxWindows::command(int id, int notice, HWND control) {
@@ -212,7 +236,7 @@ bool BoxWindows::command(int id, int notice, HWND control) {
       return true;
     case BoxType::button:
       if (notice == BN_SETFOCUS) host_.focusMoved(control);
-      if (notice == BN_CLICKED) host_.act([&] { host_.session().commandClick(box.index); });
+      if (notice == BN_CLICKED) clicked(box.index, control);
       return true;
     case BoxType::dateButton:
       if (notice == BN_CLICKED) host_.openCalendar(box.index);

@@ -60,11 +60,11 @@ BoxId boxOfId(int id) {
 
 std::wstring BoxWindows::wide(std::string_view text) const { return toWide(text, app().codePage); }
 
-std::string BoxWindows::text(HWND window) const {
+std::wstring BoxWindows::wideText(HWND window) const {
   std::wstring buffer(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
   buffer.resize(
       static_cast<std::size_t>(::GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()))));
-  return fromWide(buffer, app().codePage);
+  return buffer;
 }
 
 HWND BoxWindows::make(const wchar_t* kind, DWORD style, int id, const std::string& caption) {
@@ -245,7 +245,7 @@ void BoxWindows::showPage(int page) {
 
 void BoxWindows::setText(HWND window, const std::string& text) {
   const std::wstring shown = wide(text);
-  if (wide(this->text(window)) == shown) return;
+  if (wideText(window) == shown) return;
   const bool before = std::exchange(showing_, true);
   DWORD caret = 0;
   ::SendMessageW(window, EM_GETSEL, reinterpret_cast<WPARAM>(&caret), 0);
@@ -273,8 +273,7 @@ void BoxWindows::showCombo(int n) {
   if (!window) return;
   const FormText& box = at(host_.session().form().combos, n);
   const bool before = std::exchange(showing_, true);
-  if (text(window) != box.text) {
-    const std::wstring shown = wide(box.text);
+  if (const std::wstring shown = wide(box.text); wideText(window) != shown) {
     const LRESULT row = ::SendMessageW(window, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                        reinterpret_cast<LPARAM>(shown.c_str()));
     ::SendMessageW(window, CB_SETCURSEL, shown.empty() ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(row),

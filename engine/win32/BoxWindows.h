@@ -50,6 +50,8 @@ class BoxWindows {
   std::vector<HWND> tabStops() const;
   // A press beside the letters but inside a box's frame gives it the focus; false when there is no box.
   bool focusBoxAt(PointPx point);
+  // Presses the button that has the focus; false when none has it.
+  bool clickFocusedButton() const;
   // Tells the session which box has the focus, where it came there unheard: behind a message box, say.
   void announceFocus();
   // Tells the session that the focused field was left and entered again, so that what was typed counts before
@@ -76,7 +78,7 @@ class BoxWindows {
   bool closed() const { return !host_.session().isOpen(); }
   const Application& app() const { return host_.application(); }
   std::wstring wide(std::string_view text) const;
-  std::string text(HWND window) const;
+  std::wstring wideText(HWND window) const;
 
   // Events (BoxEvents.cpp).
   static LRESULT CALLBACK subclass(HWND window, UINT message, WPARAM wide, LPARAM param, UINT_PTR id,
@@ -88,6 +90,7 @@ class BoxWindows {
   void gotFocus(BoxId box, HWND control);
   void edited(BoxId box, HWND control);
   void comboNotice(int n, int notice, HWND control);
+  void clicked(int button, HWND control);
 
   EngineHost& host_;
   const PageLayout& layout_;

@@ -116,9 +116,10 @@ void EngineWindow::openCalendar(int field) {
 void EngineWindow::scrollPage(int lines) { view_.scrollBy(0, lines * kScrollLine); }
 
 void EngineWindow::restoreFocus() {
-  if (lastFocus_ && ::IsWindowVisible(lastFocus_) && ::IsWindowEnabled(lastFocus_))
+  const bool stands = lastFocus_ && ::IsWindowVisible(lastFocus_);
+  if (stands && ::IsWindowEnabled(lastFocus_))
     ::SetFocus(lastFocus_);
-  else
+  else if (!stands || acting_ == 0)  // a button whose work is going on takes it again
     focusNext(false);
 }
 
@@ -152,6 +153,7 @@ bool EngineWindow::keyDown(int key) {
     return true;
   }
   if (key == VK_RETURN && panel_->handle() && panel_->enter()) return true;
+  if (key == VK_RETURN && event.shift == 0 && boxes_->clickFocusedButton()) return true;
   if ((event.shift & kCtrl) != 0 && (key == VK_NEXT || key == VK_PRIOR)) {
     const int step = key == VK_NEXT ? 1 : -1, page = session_->currentPage() + step;
     if (page < 0 || page > 4 || !tabs_[static_cast<std::size_t>(page)]) return false;

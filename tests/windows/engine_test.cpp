@@ -394,5 +394,19 @@ TEST_F(EngineWindows, PicksADayFromTheCalendar) {
   EXPECT_EQ(::FindWindowW(L"PlinthCalendar", nullptr), nullptr);
 }
 
+TEST_F(EngineWindows, ButtonKeepsTheKeyboardAfterItsWork) {
+  ::SetFocus(control(kButtonId));
+  pump();
+  for (const int key : {VK_SPACE, VK_RETURN}) {
+    session->newbutClick();
+    ASSERT_NE(session->curRec(), 1);
+    press(key);
+    ::SendMessageW(control(kButtonId), WM_KEYUP, static_cast<WPARAM>(key), 0);
+    pump();
+    EXPECT_EQ(session->curRec(), 1) << key;
+    EXPECT_EQ(::GetFocus(), control(kButtonId)) << key;
+  }
+}
+
 }  // namespace
 }  // namespace plinth
