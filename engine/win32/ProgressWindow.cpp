@@ -47,13 +47,17 @@ void ProgressWindow::title(std::string_view text) {
     // First the owner, or another program's window would come to the front.
     ::EnableWindow(owner_, TRUE);
     ::ShowWindow(handle(), SW_HIDE);
+    if (!::GetFocus() && ::GetActiveWindow() == owner_ && ::IsWindowEnabled(focus_)) ::SetFocus(focus_);
     return;
   }
   ::SetWindowTextW(handle(), wide(text).c_str());
   ::SendMessageW(item(kBarId), PBM_SETPOS, 0, 0);
   setText(kTextId, "0 %");
   ::EnableWindow(item(IDCANCEL), TRUE);
+  // A disabled window keeps the keyboard in its boxes.
+  focus_ = ::GetFocus();
   ::EnableWindow(owner_, FALSE);
+  if (::IsChild(owner_, focus_)) ::SetFocus(nullptr);
   began_ = drawn_ = ::GetTickCount64();
 }
 

@@ -20,7 +20,7 @@ class ProgressWindow : public ToolWindow, public Progress {
   LRESULT message(UINT message, WPARAM wide, LPARAM param) override;
 
  private:
-  HWND owner_ = nullptr;
+  HWND owner_ = nullptr, focus_ = nullptr;  // focus_: the window that had the keyboard before
   bool working_ = false, cancelled_ = false;
   ULONGLONG began_ = 0, drawn_ = 0;
 };
