@@ -89,6 +89,7 @@ void ObjectTools::follow() {
   changedBefore_ = changedNow;
   tools_.show();
   edit_.show();
+  chooser_.follow();
   placeTips();
 }
 

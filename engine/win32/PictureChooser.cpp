@@ -62,6 +62,7 @@ void PictureChooser::open(HWND owner, int n, std::shared_ptr<Image> now, SizePx 
                           std::function<void()> changed) {
   if (!pictures_.mayChange(n) || (!handle() && !make(owner))) return;
   picture_ = n;
+  record_ = host_.session().form().record;
   box_ = box;
   changed_ = std::move(changed);
   bytes_.clear();
@@ -73,6 +74,10 @@ void PictureChooser::open(HWND owner, int n, std::shared_ptr<Image> now, SizePx 
   ::EnableWindow(owner, FALSE);
   ::ShowWindow(handle(), SW_SHOW);
   ::SetFocus(item(kPictureOpenId));
+}
+
+void PictureChooser::follow() {
+  if (visible() && host_.session().form().record != record_) close();
 }
 
 // The owner first, or the system would bring another program's window to the front.

@@ -26,6 +26,8 @@ class PictureChooser : public ToolWindow {
   // For picture n, which shows `now` (or nothing) in a box of `box` pixels. changed: called when another
   // image was kept.
   void open(HWND owner, int n, std::shared_ptr<Image> now, SizePx box, std::function<void()> changed);
+  // A list of hits may lead to another record meanwhile: the choice was not for that one.
+  void follow();
 
  protected:
   LRESULT message(UINT message, WPARAM wide, LPARAM param) override;
@@ -45,6 +47,7 @@ class PictureChooser : public ToolWindow {
   ImageDecoder& decoder_;
   Settings& settings_;
   int picture_ = -1;
+  std::int32_t record_ = 0;
   SizePx box_;
   Bytes bytes_;       // of the file chosen, empty for none
   std::string name_;  // of it
