@@ -1,5 +1,7 @@
 // The commands of the menu as rows: what may run when. An entry that has no row yet shows, as the design
 // says, but greyed.
+#include <algorithm>
+
 #include "basic/Text.h"
 #include "engine/win32/ControlIds.h"
 #include "engine/win32/EngineDialogs.h"
@@ -64,19 +66,24 @@ void EngineWindow::makeMenu() {
   HMENU title = nullptr;
   bool any = false;
   const std::vector<MenuEntry>& entries = application().menus;
+  const auto hasEntries = [&](MenuId parent) {
+    return std::any_of(entries.begin(), entries.end(),
+                       [&](const MenuEntry& entry) { return entry.parent == parent && shows(entry); });
+  };
   for (std::size_t i = 0; i < entries.size() && i < kMostMenuEntries; ++i) {
     const MenuEntry& entry = entries[i];
     const bool users = entry.id == MenuId::passmenu;
     const std::wstring caption =
         toWide(users ? runCaption(application(), kPasswordsCaption) : entry.caption, application().codePage);
     if (entry.parent == MenuId::none) {
-      title = entry.visible ? ::CreatePopupMenu() : nullptr;
+      title = !entry.caption.empty() && hasEntries(entry.id) ? ::CreatePopupMenu() : nullptr;
       if (title) ::AppendMenuW(menu_.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(title), caption.c_str());
       any = any || title;
       continue;
     }
     if (!shows(entry) || !title) continue;
-    if (entry.separatorBefore || users) ::AppendMenuW(title, MF_SEPARATOR, 0, nullptr);
+    if ((entry.separatorBefore || users) && ::GetMenuItemCount(title) > 0)
+      ::AppendMenuW(title, MF_SEPARATOR, 0, nullptr);
     ::AppendMenuW(title, MF_STRING, kMenuId + i, caption.c_str());
   }
   if (any)
@@ -234,7 +241,8 @@ void EngineWindow::deleteRecord(const MenuEntry&) {
   act([&] {
     if (!services_.messages.ask(runMessage(application(), 8, std::to_string(session_->curRec())))) return;
     session_->erasefileClick();
-    session_->saveRecord();
+    // Unchanged where another user holds it.
+    session_->settle();
   });
 }
 

@@ -297,11 +297,13 @@ LRESULT EngineWindow::message(UINT message, WPARAM wide, LPARAM param) {
       if (mayClose()) ::DestroyWindow(handle());
       return 0;
     case WM_ENDSESSION:
-      if (wide)
-        act([&] {
-          boxes_->commitFocus();
-          session_->close(true);
-        });
+      if (!wide) return 0;
+      // Below a message box or a search there is time for the record alone.
+      if (acting_ > 0) session_->settle();
+      act([&] {
+        boxes_->commitFocus();
+        session_->close(true);
+      });
       return 0;
     case WM_DESTROY:
       ::SetMenu(handle(), nullptr);  // it is ours, not the window's
