@@ -13,7 +13,9 @@ namespace plinth {
 namespace {
 
 constexpr int kWide = kRecordPanelWidth, kHigh = kRecordPanelHeight, kBoxLeft = kRecordPanelBoxLeft,
-              kBoxWide = kRecordPanelBoxWidth, kCountWide = kRecordPanelCountWidth;
+              kBoxWide = kRecordPanelBoxWidth, kCountRoom = kRecordPanelCountWidth - 2;
+// A million records and more are counted in smaller letters.
+constexpr float kLeastPoints = 6;
 constexpr std::int32_t kFace = 0xF5F5F5;
 
 struct PanelButton {
@@ -128,8 +130,10 @@ void RecordPanel::paint() {
   GdiCanvas canvas(buffer.dc(), host_.scale());
   canvas.box({0, 0, kWide, kHigh}, {LineStyle::none, 1, 0}, {FillStyle::solid, kFace, false, kFace});
   if (!host_.session().isOpen()) return;
-  canvas.text({kBoxLeft + kBoxWide + 4, 0, kCountWide - 4, kHigh},
-              "/ " + std::to_string(host_.session().recCount()), kFont, 0x404040, TextAlign::left, false,
+  const std::string count = "/ " + std::to_string(host_.session().recCount());
+  FontSpec letters = kFont;
+  while (letters.points > kLeastPoints && canvas.measure(count, letters).width > kCountRoom) --letters.points;
+  canvas.text({kBoxLeft + kBoxWide + 4, 0, kCountRoom, kHigh}, count, letters, 0x404040, TextAlign::left, false,
               true);
 }
 

@@ -10,11 +10,18 @@ namespace plinth {
 namespace {
 
 constexpr int kListId = 10, kStatusId = 11, kFindId = 12;
-constexpr int kWide = 640, kHigh = 400, kBar = 32, kMostWide = 320;
+constexpr int kWide = 640, kHigh = 400, kBar = 32, kMostWide = 320, kStep = 24;
 constexpr const char* kPlace = "Search";
 constexpr const char* kFont = "Courier New";
 constexpr ULONGLONG kBetween = 30;
 constexpr std::size_t kMostCells = 2000;
+
+RECT workAreaAround(HWND window) {
+  MONITORINFO screen = {};
+  screen.cbSize = sizeof screen;
+  ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+  return screen.rcWork;
+}
 
 }  // namespace
 
@@ -30,7 +37,7 @@ std::string ResultSource::cell(std::int32_t row, int column) const {
   return found->second[at];
 }
 
-bool ResultWindow::open(HWND owner, int number) {
+bool ResultWindow::open(HWND owner, const std::vector<POINT>& others) {
   if (!openAbove(owner, L"PlinthResults", application_.title,
                  WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX, {kWide, kHigh}))
     return false;
@@ -42,18 +49,46 @@ bool ResultWindow::open(HWND owner, int number) {
   const std::string& name = application_.payload.application.resultFont;
   const FontSpec letters{name.empty() ? kFont : name, 9, false, false, false, application_.charSet};
   ::SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(listFonts_.get(letters, px(12))), FALSE);
-  centre(owner);
+  standBeside(owner);
   restorePlace(settings_, kPlace);
-  if (number > 0) {
-    // One beside the other, so that none hides what another shows.
-    RECT place = {};
-    ::GetWindowRect(handle(), &place);
-    const int step = px(24) * (number % 10);
-    ::SetWindowPos(handle(), nullptr, place.left + step, place.top + step, 0, 0,
-                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  }
+  avoid(others);
   arrange();
   return true;
+}
+
+// The rows lead to records in the owner, which this window stands above: it covers as little as the screen
+// allows.
+void ResultWindow::standBeside(HWND owner) {
+  RECT over = {}, own = {};
+  ::GetWindowRect(owner, &over);
+  ::GetWindowRect(handle(), &own);
+  const RECT work = workAreaAround(owner);
+  const LONG wide = own.right - own.left, high = own.bottom - own.top;
+  const bool beside = over.right + wide <= work.right;
+  const LONG left = std::min(over.right, work.right - wide);
+  const LONG top = std::min(beside ? over.top : over.bottom, work.bottom - high);
+  ::SetWindowPos(handle(), nullptr, std::max(left, work.left), std::max(top, work.top), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// One beside the other, so that none hides the title of another.
+void ResultWindow::avoid(const std::vector<POINT>& others) {
+  RECT place = {};
+  ::GetWindowRect(handle(), &place);
+  const RECT work = workAreaAround(handle());
+  const int right = place.right + px(kStep) <= work.right ? px(kStep) : -px(kStep);
+  const int down = place.bottom + px(kStep) <= work.bottom ? px(kStep) : -px(kStep);
+  const auto taken = [&](const POINT& other) { return other.x == place.left && other.y == place.top; };
+  for (std::size_t tries = 0; tries < others.size() && std::any_of(others.begin(), others.end(), taken); ++tries)
+    ::OffsetRect(&place, right, down);
+  ::SetWindowPos(handle(), nullptr, place.left, place.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+POINT ResultWindow::corner() const {
+  RECT place = {};
+  ::GetWindowRect(handle(), &place);
+  return {place.left, place.top};
 }
 
 void ResultWindow::arrange() {
@@ -125,7 +160,8 @@ bool ResultWindow::running() {
 void ResultWindow::finish() {
   source_->show(result_->rows());
   listRowsChanged(item(kListId));
-  setText(kStatusId, result_->status);
+  // Nobody knows whether a search that was stopped would have found something: what it got through stays.
+  if (!result_->cancelled || !result_->hits.empty()) setText(kStatusId, result_->status);
   setText(IDCANCEL, caption(65, "Close"));
   ::EnableWindow(item(IDCANCEL), TRUE);
   ::EnableWindow(item(kFindId), !result_->hits.empty());
@@ -220,7 +256,9 @@ void ResultWindows::resultOpened(SearchResult& result) {
     };
     auto made = std::make_unique<ResultWindow>(host_.application(), host_.session().locale(), settings_,
                                                std::move(events));
-    if (!made->open(owner_, static_cast<int>(windows_.size()))) return;
+    std::vector<POINT> corners;
+    for (const auto& other : windows_) corners.push_back(other->corner());
+    if (!made->open(owner_, corners)) return;
     window = made.get();
     windows_.push_back(std::move(made));
   }

@@ -42,8 +42,10 @@ class ResultWindow : public ToolWindow {
   };
   ResultWindow(const Application& application, const Locale& locale, Settings& settings, Events events)
       : ToolWindow(application), locale_(locale), settings_(settings), events_(std::move(events)) {}
-  // number: how many windows stand there already.
-  bool open(HWND owner, int number);
+  // others: the corners of the windows of other results.
+  bool open(HWND owner, const std::vector<POINT>& others);
+  // Its left top corner on the screen.
+  POINT corner() const;
   // The list of a run that begins. `result` must outlive its time here.
   void begin(SearchResult& result, ResultRows rows, double now);
   // During the run; false once somebody stopped it.
@@ -58,6 +60,8 @@ class ResultWindow : public ToolWindow {
   LRESULT message(UINT message, WPARAM wide, LPARAM param) override;
 
  private:
+  void standBeside(HWND owner);
+  void avoid(const std::vector<POINT>& others);
   void arrange();
   void setColumns(double now);
   void command(int id, int notice);

@@ -75,6 +75,9 @@ class UsersWindow : public ModalDialog {
   }
   std::optional<INT_PTR> other(UINT message, WPARAM wide, LPARAM param) override {
     switch (message) {
+      case WM_CLOSE:  // the same as its button: what was typed must not be lost with the cross
+        ::SendMessageW(dialog_, WM_COMMAND, kCloseId, 0);
+        return TRUE;
       case WM_VSCROLL:
         scrollTo(static_cast<int>(::SendMessageW(item(kScrollId), SBM_GETPOS, 0, 0)));
         return TRUE;
