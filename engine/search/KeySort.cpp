@@ -199,15 +199,6 @@ void shellSort(std::vector<double>& keys, std::vector<std::int32_t>& order) {
     }
     return true;
   });
-  eachGap(pairs.size(), [&](std::size_t gap) {
-    for (std::size_t i = gap; i < pairs.size(); ++i) {
-      const Pair moving = pairs[i];
-      std::size_t at = i;
-      for (; at >= gap && pairs[at - gap].key > moving.key; at -= gap) pairs[at] = pairs[at - gap];
-      pairs[at] = moving;
-    }
-    return true;
-  });
   for (std::size_t i = 0; i < pairs.size(); ++i) {
     keys[i] = pairs[i].key;
     order[i] = pairs[i].place;
