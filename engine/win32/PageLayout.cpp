@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kDateButtonWidth = 18;
 
+constexpr int kOverhang = 2;
+
 // Boxes without a frame of ours may have the thin border of older projects.
 template <class Row>
 Frame lookOf(const Row& row) {
@@ -94,7 +96,8 @@ RectPx PageLayout::picture(int n) const {
 RectPx PageLayout::title(int n, const RecordForm& form) const {
   const PayloadTitle& row = application_.titleRow(n);
   const SizePx size = measure_(form.titles[static_cast<std::size_t>(n)], font(row.font));
-  return {placePx(row.left), placePx(row.top), size.width, size.height};
+  // The last letter may reach over its measure.
+  return {placePx(row.left), placePx(row.top), size.width > 0 ? size.width + kOverhang : 0, size.height};
 }
 
 void PageLayout::addShapes(PageItems& items, int page) const {
