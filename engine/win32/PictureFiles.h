@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,10 +29,12 @@ class PictureFiles : public PagePictures {
 
  private:
   std::shared_ptr<Image> at(const std::string& path);
+  std::shared_ptr<Image> ofRecord(const std::string& path);
   Files& files_;
   ImageDecoder& decoder_;
   const RecordSession* session_ = nullptr;
   std::map<std::string, std::shared_ptr<Image>> images_;
+  std::set<std::string> ofRecords_;  // keys of images_ that are pictures of records
 };
 
 }  // namespace plinth

@@ -300,5 +300,45 @@ TEST_F(Objects, KeepsImagesFromFilesAndTheClipboard) {
   EXPECT_EQ(session->form().pictures[0].stem, "");
 }
 
+TEST_F(Objects, ImageIsChosenForOneRecordAlone) {
+  put("red.png", encodePicture(plainPixels(20, 20, 0xFFFF0000), PictureFormat::png));
+  session->newbutClick();
+  mouse(WM_LBUTTONDOWN, 420, 40);
+  mouse(WM_LBUTTONDBLCLK, 420, 40);
+  chooser.answers = {folder / "red.png"};
+  clickButton(L"Form10", kPictureOpenId);
+  // A list of hits stays open beside the chooser.
+  frame.act([this] { session->goToRecord(1); });
+  EXPECT_FALSE(::IsWindowVisible(window(L"Form10")));
+  EXPECT_TRUE(::IsWindowEnabled(frame.handle()));
+  EXPECT_FALSE(session->dirty());
+}
+
+// As large as a camera makes them.
+class Photographs : public ImageDecoder {
+ public:
+  std::shared_ptr<Image> decode(const Bytes&) override { return std::make_shared<Photograph>(); }
+
+ private:
+  struct Photograph : Image {
+    SizePx size() const override { return {6000, 4000}; }
+  };
+};
+
+TEST_F(Objects, HoldsFewPhotographsInMemory) {
+  Photographs photographs;
+  PictureFiles files(systemFiles(), photographs);
+  files.attach(*session);
+  std::vector<std::weak_ptr<Image>> seen;
+  for (const char* stem : {"00000001", "00000002", "00000003"}) {
+    put(std::string("BoardPics/") + stem, {1});
+    session->newbutClick();
+    session->changeForm([stem](RecordForm& form) { form.pictures[0].stem = stem; });
+    seen.push_back(files.dataPicture(0));
+  }
+  EXPECT_TRUE(seen[0].expired());
+  EXPECT_EQ(seen[2].lock(), files.dataPicture(0));
+}
+
 }  // namespace
 }  // namespace plinth
