@@ -408,5 +408,16 @@ TEST_F(EngineWindows, ButtonKeepsTheKeyboardAfterItsWork) {
   }
 }
 
+TEST_F(EngineWindows, BoxShowsWhatWillBeSaved) {
+  const HWND name = control(kFieldId + kName);
+  ::SetFocus(name);
+  pump();
+  ::SendMessageW(name, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"a\x0416"));  // pasted
+  wchar_t text[8] = {};
+  ::GetWindowTextW(name, text, 8);
+  EXPECT_STREQ(text, L"a?");
+  EXPECT_EQ(session->form().fields[kName].text, "a?");
+}
+
 }  // namespace
 }  // namespace plinth

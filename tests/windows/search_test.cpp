@@ -133,7 +133,9 @@ TEST_F(SearchWindows, SortedViewIsWalkedDownwards) {
 }
 
 TEST_F(SearchWindows, ButtonSumsIntoAField) {
+  ::SetFocus(control(kButtonId));
   click(kButtonId);
+  EXPECT_EQ(::GetFocus(), control(kButtonId));
   double sum = 0;
   for (int n = 1; n <= kRecords; ++n) sum += n % 7;
   EXPECT_EQ(fieldShown(kPrice), plainNumber(sum));
