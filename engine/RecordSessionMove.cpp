@@ -193,9 +193,9 @@ void RecordSession::commandClick(int button) {
   const PayloadButton row = application().button(button);
   if (!Application::live(row.page)) return;
   view().buttonEnabled(button, false);
+  const AtEnd enable([&] { view().buttonEnabled(button, true); });
   if (!row.script.empty()) runScript(row.script);
   followLink(row.tag, true);
-  view().buttonEnabled(button, true);
 }
 
 void RecordSession::titleClick(int title) {
@@ -213,8 +213,10 @@ void RecordSession::runScript(const std::string& script) {
     if (!refused && !(dirty_ && recLocked_)) refused = !beginEdit();
     return !refused;
   };
-  for (const std::string& line : split(script, "\r\n")) runScriptLine(line);
-  host_.beforeChange = nullptr;
+  {
+    const AtEnd unhook([&] { host_.beforeChange = nullptr; });
+    for (const std::string& line : split(script, "\r\n")) runScriptLine(line);
+  }
   runFormulas();
   view().recordShown();
 }

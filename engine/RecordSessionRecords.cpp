@@ -253,8 +253,8 @@ void RecordSession::erasefileClick() {
 void RecordSession::runFormulas() {
   if (running_) return;
   running_ = true;
+  const AtEnd ended([&] { running_ = false; });
   plinth::runFormulas(host_, FormulaMode::engine, variables_);
-  running_ = false;
 }
 
 }  // namespace plinth

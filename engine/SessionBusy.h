@@ -2,6 +2,8 @@
 // this guard keeps a second one from starting. Private to the session's own files.
 #pragma once
 
+#include <utility>
+
 #include "engine/RecordSession.h"
 
 namespace plinth {
@@ -21,6 +23,19 @@ class RecordSession::Busy {
  private:
   RecordSession& session_;
   bool entered_;
+};
+
+// Also when memory runs out on the way: the window tells of it and goes on.
+template <class Action>
+class AtEnd {
+ public:
+  explicit AtEnd(Action action) : action_(std::move(action)) {}
+  ~AtEnd() { action_(); }
+  AtEnd(const AtEnd&) = delete;
+  AtEnd& operator=(const AtEnd&) = delete;
+
+ private:
+  Action action_;
 };
 
 }  // namespace plinth
