@@ -6,7 +6,6 @@
 #include <string_view>
 #include <utility>
 
-#include "basic/DisplayFormat.h"
 #include "basic/Text.h"
 
 namespace plinth {
@@ -115,17 +114,22 @@ class DateWriter {
 
   bool isMorning() const { return time_.hour < 12; }
   const std::string& halfDayText() const { return isMorning() ? locale_.amText : locale_.pmText; }
-  void number(int value, int digits) { out_ += zeroPadded(value, digits); }
+  // value: 0 to 9999; digits: 1 to 4.
+  void number(int value, int digits) {
+    const auto digit = [this](int unit) { out_ += static_cast<char>('0' + unit % 10); };
+    if (value >= 1000 || digits > 3) digit(value / 1000);
+    if (value >= 100 || digits > 2) digit(value / 100);
+    if (value >= 10 || digits > 1) digit(value / 10);
+    digit(value);
+  }
 
   void day(std::size_t length) {
-    const auto index = static_cast<std::size_t>(weekday(serial_) - 1);
-    if (length >= 4) {
-      out_ += locale_.dayNames[index];
-    } else if (length == 3) {
-      out_ += locale_.dayAbbreviations[index];
-    } else {
+    if (length < 3) {
       number(time_.day, static_cast<int>(length));
+      return;
     }
+    const auto& names = length > 3 ? locale_.dayNames : locale_.dayAbbreviations;
+    out_ += names[static_cast<std::size_t>(weekday(serial_) - 1)];
   }
 
   void month(std::size_t length) {
@@ -271,7 +275,9 @@ class DateWriter {
 std::string formatDate(double serial, std::string_view format, const Locale& locale) {
   if (!isDateSerial(serial)) return {};
   DateWriter writer(serial, locale);
-  const auto isNamed = [&](std::string_view name) { return equalAsciiNoCase(format, name); };
+  const auto isNamed = [&](std::string_view name) {
+    return format == name || equalAsciiNoCase(format, name);
+  };
   if (format.empty() || isNamed("General Date")) {
     writer.generalDate();
   } else if (isNamed("Long Date")) {

@@ -46,9 +46,9 @@ struct DayAndSecond {
 };
 
 DayAndSecond apart(double serial) {
-  const double whole = std::trunc(serial);
-  DayAndSecond out{static_cast<std::int64_t>(whole),
-                   std::llround(std::fabs(serial - whole) * kSecondsPerDay)};
+  const auto day = static_cast<std::int64_t>(serial);
+  const double time = std::fabs(serial - static_cast<double>(day));
+  DayAndSecond out{day, time == 0 ? 0 : std::llround(time * kSecondsPerDay)};
   if (out.second == kSecondsPerDay) out = {out.day + 1, 0};
   if (out.day > kLastDay)
     out = {kLastDay, kSecondsPerDay - 1};  // there is no day after the last to round up to

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 
 #include "basic/FloatDigits.h"
 
@@ -64,11 +65,10 @@ std::string laidOut(const Digits& number, const NumberForm& form, const Locale& 
   const std::string_view fraction = std::string_view(number.text).substr(point);
   whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size()));
   if (whole.empty() && (form.leadingZero || fraction.empty())) whole = "0";
-  std::string out;
-  for (std::size_t i = 0; i < whole.size(); ++i) {
-    if (form.grouping && i > 0 && (whole.size() - i) % 3 == 0) out += locale.groupSeparator;
-    out += whole[i];
-  }
+  const std::size_t firstGroup = form.grouping ? (whole.size() + 2) % 3 + 1 : whole.size();
+  std::string out(whole.substr(0, firstGroup));
+  for (std::size_t i = firstGroup; i < whole.size(); i += 3)
+    (out += locale.groupSeparator) += whole.substr(i, 3);
   if (!fraction.empty()) (out += locale.decimalSeparator) += fraction;
   return out;
 }
@@ -76,8 +76,9 @@ std::string laidOut(const Digits& number, const NumberForm& form, const Locale& 
 std::string formatDigits(Digits number, NumberForm form, const Locale& locale) {
   form.decimals = std::clamp(form.decimals, 0, kMaxDecimals);
   roundAway(number, form.decimals);
-  const std::string out = laidOut(number, form, locale);
-  return number.negative ? '-' + out : out;
+  std::string out = laidOut(number, form, locale);
+  if (number.negative) out.insert(0, 1, '-');
+  return out;
 }
 
 // By the system's numbers of the forms; "1" is the place of the number.
@@ -109,10 +110,23 @@ std::string formatMoney(Digits number, int decimals, const Locale& locale) {
   return out;
 }
 
+// scaled: value x 10,000. Returns the end; REQUIRES room for 20 characters.
+char* putScaled(char* text, std::int64_t scaled, char point) {
+  if (scaled < 0) *text++ = '-';
+  const std::int64_t size = std::abs(scaled);
+  text = std::to_chars(text, text + 16, size / 10000).ptr;
+  auto fraction = static_cast<int>(size % 10000);
+  if (fraction == 0) return text;
+  *text++ = point;
+  for (; fraction != 0; fraction = fraction % 1000 * 10) *text++ = static_cast<char>('0' + fraction / 1000);
+  return text;
+}
+
 std::string general(double value, char point) {
   constexpr double kFirstExponent = 1e15;
   if (!std::isfinite(value) || value == 0) return "0";
   char text[48];
+  if (const auto scaled = tenThousandths(value)) return {text, putScaled(text, *scaled, point)};
   if (std::fabs(value) < kFirstExponent && value == std::trunc(value)) {
     return {text, std::to_chars(text, text + sizeof text, static_cast<long long>(value)).ptr};
   }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
 #include <random>
 #include <tuple>
 
@@ -61,6 +62,16 @@ TEST(DateSerial, EveryDayComesBack) {
     previous = day;
   }
   EXPECT_EQ(previous, 2958465);
+}
+
+TEST(DateSerial, EveryYearShowsItsDigits) {
+  for (double day = kFirstDateSerial; day <= kLastDateSerial; day += 367) {
+    const CivilTime time = toCivil(day);
+    char text[40];
+    std::snprintf(text, sizeof text, "%d-%02d %04d %02d %d", time.day, time.month, time.year, time.year % 100,
+                  dayOfYear(day));
+    ASSERT_EQ(formatDate(day, "d-mm yyyy yy y", Locale()), text);
+  }
 }
 
 TEST(DateSerial, PartsOutsideTheirRangeCarryOver) {

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <random>
 
 #include "basic/Json.h"
 
@@ -36,6 +38,25 @@ TEST(DisplayFormat, GeneralNumbersHaveUpToFifteenDigits) {
   german.decimalSeparator = ',';
   EXPECT_EQ(formatGeneral(1.5e20, german), "1,5E+20");
   EXPECT_EQ(formatGeneral(-0.25, german), "-0,25");
+}
+
+TEST(DisplayFormat, ShortDecimalsShowTheDigitsOfTheLongWay) {
+  std::mt19937_64 random(4);
+  const auto printed = [](const char* format, double value) {
+    char text[64];
+    std::snprintf(text, sizeof text, format, value);
+    return std::string(text);
+  };
+  for (int i = 0; i < 3000; ++i) {
+    const auto scaled = static_cast<std::int64_t>(random() >> (15 + random() % 49)) + 1;
+    const double value = static_cast<double>(i % 2 ? scaled : -scaled) / 10000;
+    for (const double beside : {value, std::nextafter(value, 0), value / 8})
+      EXPECT_EQ(plainNumber(beside), printed("%.15G", beside));
+    EXPECT_EQ(formatNumber(value, {4, false}, Locale()), printed("%.4f", value));
+  }
+  EXPECT_EQ(plainNumber(99999999999.9999), "99999999999.9999");
+  EXPECT_EQ(plainNumber(100000000000.001), "100000000000.001");
+  EXPECT_EQ(formatNumber(-0.0, {2}, Locale()), "0.00");
 }
 
 TEST(DisplayFormat, NumbersRoundHalfAwayOnTheirDecimalDigits) {
