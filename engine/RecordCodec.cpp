@@ -3,6 +3,8 @@
 #include "engine/RecordCodec.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -24,17 +26,10 @@ constexpr std::int64_t kExactScaled = 1'000'000'000'000'000;
 
 template <class T>
 T readLittle(std::span<const std::uint8_t> bytes, std::int32_t position) {
-  std::uint64_t bits = 0;
-  const std::uint8_t* from = bytes.data() + position - 1;
-  for (std::size_t i = 0; i < sizeof(T); ++i) bits |= static_cast<std::uint64_t>(from[i]) << (8 * i);
-  T value;
-  if constexpr (sizeof(T) == 8) {
-    std::memcpy(&value, &bits, 8);
-  } else {
-    const std::uint32_t half = static_cast<std::uint32_t>(bits);
-    std::memcpy(&value, &half, 4);
-  }
-  return value;
+  std::array<std::uint8_t, sizeof(T)> raw;
+  std::memcpy(raw.data(), bytes.data() + position - 1, raw.size());
+  if constexpr (std::endian::native == std::endian::big) std::reverse(raw.begin(), raw.end());
+  return std::bit_cast<T>(raw);
 }
 
 template <class T>
@@ -50,13 +45,9 @@ void writeLittle(std::span<std::uint8_t> bytes, std::int32_t position, T value) 
   for (std::size_t i = 0; i < sizeof(T); ++i) to[i] = static_cast<std::uint8_t>(bits >> (8 * i));
 }
 
-// Trailing blanks are the padding; NULs are the bytes of a slot that was never written.
 void readText(std::span<const std::uint8_t> bytes, std::int32_t position, std::int32_t length,
               std::string& text) {
-  const char* from = reinterpret_cast<const char*>(bytes.data()) + position - 1;
-  std::size_t end = static_cast<std::size_t>(length);
-  while (end > 0 && (from[end - 1] == ' ' || from[end - 1] == '\0')) --end;
-  text.assign(from, end);
+  text = storedText(bytes.subspan(static_cast<std::size_t>(position - 1), static_cast<std::size_t>(length)));
 }
 
 void writeText(std::span<std::uint8_t> bytes, std::int32_t position, std::int32_t length,
@@ -80,6 +71,20 @@ std::int32_t wholeValue(double value) {
 double numberOf(std::string_view text, const Locale& locale) { return val(normalizeNumber(text, locale)); }
 
 }  // namespace
+
+// Trailing blanks are the padding; NULs are the bytes of a slot that was never written. Both have no bit but
+// that of the blank, so that eight bytes are looked at together.
+std::string_view storedText(std::span<const std::uint8_t> bytes) {
+  constexpr std::uint64_t kTextBits = ~0x2020202020202020ull;
+  const char* text = reinterpret_cast<const char*>(bytes.data());
+  std::size_t end = bytes.size();
+  for (; end >= 8; end -= 8) {
+    const auto bits = readLittle<std::uint64_t>(bytes, static_cast<std::int32_t>(end) - 7) & kTextBits;
+    if (bits != 0) return {text, end - static_cast<std::size_t>(std::countl_zero(bits)) / 8};
+  }
+  while (end > 0 && (bytes[end - 1] == ' ' || bytes[end - 1] == 0)) --end;
+  return {text, end};
+}
 
 std::string shownNumber(int kind, double value, bool showZero, const Locale& locale) {
   if (!std::isfinite(value)) return {};

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "basic/Locale.h"
 #include "basic/Slots.h"
@@ -39,6 +40,8 @@ class RecordCodec {
   const Locale& locale_;
 };
 
+// A stored text without its padding (blanks and NULs at the end); a view into `bytes`.
+std::string_view storedText(std::span<const std::uint8_t> bytes);
 // Text of a stored number as its box shows it: kinds 1 to 5. A zero shows as "" unless showZero.
 std::string shownNumber(int kind, double value, bool showZero, const Locale& locale);
 // The same for a currency value held as value x 10,000; exact over the whole 64-bit range.

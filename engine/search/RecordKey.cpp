@@ -1,6 +1,8 @@
 // Every kind of object in one place: what its stored bytes are.
 #include "engine/search/RecordKey.h"
 
+#include "engine/RecordCodec.h"
+
 namespace plinth {
 namespace {
 
@@ -71,12 +73,6 @@ std::optional<RecordKey> keyOf(const Application& application, const RecordLayou
   return key;
 }
 
-std::string_view keyText(std::span<const std::uint8_t> bytes) {
-  constexpr std::uint64_t kBlanks = 0x2020202020202020;  // padding is long: eight blanks at a time
-  std::size_t end = bytes.size();
-  while (end >= 8 && storedValue<std::uint64_t>(bytes.data() + end - 8) == kBlanks) end -= 8;
-  while (end > 0 && (bytes[end - 1] == ' ' || bytes[end - 1] == 0)) --end;
-  return {reinterpret_cast<const char*>(bytes.data()), end};
-}
+std::string_view keyText(std::span<const std::uint8_t> bytes) { return storedText(bytes); }
 
 }  // namespace plinth

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 #include "basic/DateSerial.h"
 #include "engine/VariableArea.h"
 #include "tests/engine/EngineFixture.h"
@@ -107,6 +109,16 @@ TEST(RecordCodec, NumbersKeepTheirCentsAndStayInRange) {
 }
 
 // Cut texts, foreign check bytes, pictures and the date stamp; plain and substituted.
+TEST(RecordCodec, PaddingIsBlanksAndNulsAtTheEnd) {
+  for (const std::string_view text : {"", "x", " x", "a  b\xA0", "eight..8", "sixteen letters.", "\1"})
+    for (std::size_t padding = 0; padding < 20; ++padding) {
+      std::string stored(text);
+      for (std::size_t i = 0; i < padding; ++i) stored += i % 3 == 1 ? '\0' : ' ';
+      const auto* bytes = reinterpret_cast<const std::uint8_t*>(stored.data());
+      EXPECT_EQ(storedText({bytes, stored.size()}), text) << padding;
+    }
+}
+
 TEST(RecordCodec, WholeRecordComesBack) {
   for (const int scramble : {0, 1}) {
     Payload p = shopPayload();
