@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <cstring>
 
 #include "basic/DisplayFormat.h"
@@ -40,16 +39,6 @@ void appendScaled(std::string& out, std::int64_t scaled) {
   for (; fraction != 0; fraction = fraction % 1000 * 10) out += static_cast<char>('0' + fraction / 1000);
 }
 
-// As plainNumber(), but quick for what most fields hold: a number of up to 15 digits, no more than four of
-// them decimals, has these very digits.
-void appendNumber(std::string& out, double value) {
-  const double scaled = std::nearbyint(value * 10000);
-  if (std::fabs(scaled) < 1e15 && scaled / 10000 == value)
-    appendScaled(out, static_cast<std::int64_t>(scaled));
-  else
-    out += plainNumber(value);
-}
-
 // Turns stored bytes into lines.
 class LineMaker {
  public:
@@ -59,7 +48,7 @@ class LineMaker {
   void append(std::string& out, std::span<const std::uint8_t> bytes) const {
     switch (key_.type) {
       case KeyType::number:
-        appendNumber(out, keyNumber(plain(bytes)));
+        out += plainNumber(keyNumber(plain(bytes)));
         break;
       case KeyType::currency:
       case KeyType::date:
@@ -92,10 +81,14 @@ class LineMaker {
   }
   void appendText(std::string& out, std::span<const std::uint8_t> bytes) const {
     const std::size_t start = out.size();
-    out.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    const std::span text(reinterpret_cast<std::uint8_t*>(out.data()) + start, bytes.size());
-    if (scrambled_) unscrambleInPlace(text);
-    out.resize(start + keyText(text).size());
+    if (scrambled_) {
+      out.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+      const std::span text(reinterpret_cast<std::uint8_t*>(out.data()) + start, bytes.size());
+      unscrambleInPlace(text);
+      out.resize(start + keyText(text).size());
+    } else {
+      out += keyText(bytes);
+    }
     for (const char lineEnd : {'\r', '\n'})
       for (auto at = out.find(lineEnd, start); at != std::string::npos; at = out.find(lineEnd, at))
         out[at] = ' ';
@@ -139,36 +132,101 @@ class IndexWriter {
   std::int64_t offset_ = 0;
 };
 
-struct IndexBuild {
-  RecordStore& store;
-  const RecordKey& key;
-  const LineMaker& lines;
-  RecordSteps& steps;
+// Writes both files from one walk over the data where the lines of all records fit in memory, else from two.
+class IndexBuild {
+ public:
+  // unreadable, keptBytes: as in buildIndex(). All must outlive the build.
+  IndexBuild(RecordStore& store, const RecordKey& key, const LineMaker& maker, RecordSteps& steps,
+             const std::function<void(std::int32_t)>& unreadable, std::size_t keptBytes)
+      : store_(store), key_(key), maker_(maker), steps_(steps), unreadable_(unreadable), room_(keptBytes) {}
 
   // Lines of all records; false when the person cancelled.
-  Result<bool> writeRecords(IndexWriter& writer, bool down,
-                            const std::function<void(std::int32_t)>& unreadable) {
-    BlockReader blocks(store, {1, store.count(), down}, {key.position, key.length});
+  Result<bool> writeDown(IndexWriter& writer) {
+    BlockReader blocks(store_, {1, store_.count(), true}, {key_.position, key_.length});
     while (const auto block = blocks.next()) {
       const auto lost = blocks.unreadable();
-      if (unreadable) std::for_each(lost.begin(), lost.end(), unreadable);
-      for (std::int32_t i = 0; i < block->count; ++i) {
-        const std::int32_t at = down ? block->count - 1 - i : i;
-        if (lost.empty() || !std::binary_search(lost.begin(), lost.end(), block->first + at))
-          lines.append(writer.text(), keyBytes(*block, at));
-        writer.text() += kLineEnd;
-        if (!steps.next()) return false;
+      if (unreadable_) std::for_each(lost.begin(), lost.end(), unreadable_);
+      makeLines(*block, lost);
+      for (std::size_t i = ends_.size(); i-- > 0;) {
+        const std::size_t start = i > 0 ? ends_[i - 1] : 0;
+        writer.text().append(lines_, start, ends_[i] - start);
+        if (!steps_.next()) return false;
       }
+      keep();
       if (auto written = writer.writeWhenFull(); !written) return written.error();
     }
     return true;
   }
 
-  std::span<const std::uint8_t> keyBytes(const SlotBlock& block, std::int32_t at) const {
-    const auto wide = static_cast<std::size_t>(store.layout().recLen);
-    return block.slots.subspan(static_cast<std::size_t>(at) * wide + static_cast<std::size_t>(key.position),
-                               static_cast<std::size_t>(key.length));
+  // The same after writeDown().
+  Result<bool> writeUp(IndexWriter& writer) {
+    if (keeps_) {
+      for (; !kept_.empty(); kept_.pop_back()) {
+        const auto written = writeBlock(writer, kept_.back().lines, kept_.back().records);
+        if (!written || !*written) return written;
+      }
+      return true;
+    }
+    BlockReader blocks(store_, {1, store_.count(), false}, {key_.position, key_.length});
+    while (const auto block = blocks.next()) {
+      makeLines(*block, blocks.unreadable());
+      const auto written = writeBlock(writer, lines_, ends_.size());
+      if (!written || !*written) return written;
+    }
+    return true;
   }
+
+ private:
+  struct KeptBlock {
+    std::string lines;
+    std::size_t records;
+  };
+
+  // The lines of a block, from its first record up, and where each ends.
+  void makeLines(const SlotBlock& block, std::span<const std::int32_t> lost) {
+    const auto wide = static_cast<std::size_t>(store_.layout().recLen);
+    const auto slots = block.slots.subspan(static_cast<std::size_t>(key_.position));
+    lines_.clear();
+    ends_.clear();
+    for (std::int32_t i = 0; i < block.count; ++i) {
+      const auto at = static_cast<std::size_t>(i) * wide;
+      if (lost.empty() || !std::binary_search(lost.begin(), lost.end(), block.first + i))
+        maker_.append(lines_, slots.subspan(at, static_cast<std::size_t>(key_.length)));
+      lines_ += kLineEnd;
+      ends_.push_back(lines_.size());
+    }
+  }
+
+  void keep() {
+    if (!keeps_) return;
+    const std::size_t size = lines_.size() + sizeof(KeptBlock);
+    keeps_ = size <= room_;
+    if (keeps_) {
+      room_ -= size;
+      kept_.push_back({lines_, ends_.size()});
+    } else {
+      std::vector<KeptBlock>().swap(kept_);
+    }
+  }
+
+  Result<bool> writeBlock(IndexWriter& writer, std::string_view lines, std::size_t records) {
+    writer.text() += lines;
+    while (records-- > 0)
+      if (!steps_.next()) return false;
+    if (auto written = writer.writeWhenFull(); !written) return written.error();
+    return true;
+  }
+
+  RecordStore& store_;
+  const RecordKey& key_;
+  const LineMaker& maker_;
+  RecordSteps& steps_;
+  const std::function<void(std::int32_t)>& unreadable_;
+  std::string lines_;
+  std::vector<std::size_t> ends_;
+  std::vector<KeptBlock> kept_;  // the last records' lines first
+  std::size_t room_;
+  bool keeps_ = true;
 };
 
 }  // namespace
@@ -214,17 +272,17 @@ std::int64_t indexScaled(std::string_view line) {
 
 Result<IndexEnd> buildIndex(RecordStore& store, const RecordKey& key, const DataFile& data,
                             const Application& application, SharedFiles& files, Progress& progress,
-                            const std::function<void(std::int32_t)>& unreadable) {
+                            const std::function<void(std::int32_t)>& unreadable, std::size_t keptBytes) {
   if (!canIndex(key)) return Error{ErrorKind::wrongUsage, "This object cannot be indexed."};
   RecordSteps steps(progress, "Indexing " + key.label, 2 * static_cast<std::int64_t>(store.count()));
   const LineMaker lines(key, application.scrambleData);
-  IndexBuild build{store, key, lines, steps};
+  IndexBuild build(store, key, lines, steps, unreadable, keptBytes);
   for (const IndexDirection direction : {IndexDirection::down, IndexDirection::up}) {
     const bool down = direction == IndexDirection::down;
     auto writer = IndexWriter::open(files, indexFilePath(data, key.label, direction, application.codePage));
     if (!writer) return writer.error();
     if (down) writer->text() += std::to_string(store.count()).append(kLineEnd);
-    const auto all = build.writeRecords(*writer, down, down ? unreadable : nullptr);
+    const auto all = down ? build.writeDown(*writer) : build.writeUp(*writer);
     if (!all) return all.error();
     if (auto written = writer->write(); !written) return written.error();
     if (!*all) return IndexEnd::cancelled;

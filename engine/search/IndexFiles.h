@@ -34,13 +34,17 @@ std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes
 // A line of a currency or date key as value x 10,000, exact up to four decimals; 0 where there is no number.
 std::int64_t indexScaled(std::string_view line);
 
+inline constexpr std::size_t kIndexKeptBytes = 128 * 1024 * 1024;
+
 enum class IndexEnd { done, cancelled };
 // Builds both files. A cancelled build leaves what was written so far, as readers expect. Errors: denied,
-// full, failed with the file's name. `scrambled`: records are stored substituted. unreadable: called with a
-// record that could not be read; its line is empty.
+// full, failed with the file's name. unreadable: called with a record that could not be read; its line is
+// empty. keptBytes: up to so many bytes the lines of the first file are kept for the second, which otherwise
+// reads the data again; a parameter so that tests reach both ways.
 Result<IndexEnd> buildIndex(RecordStore& store, const RecordKey& key, const DataFile& data,
                             const Application& application, SharedFiles& files, Progress& progress,
-                            const std::function<void(std::int32_t)>& unreadable);
+                            const std::function<void(std::int32_t)>& unreadable,
+                            std::size_t keptBytes = kIndexKeptBytes);
 
 // Reads an index file forward in large blocks.
 class IndexReader {

@@ -83,6 +83,34 @@ TEST(IndexFiles, LeaveWhatACancelledOrFailedBuildWrote) {
   EXPECT_EQ(shop.build(shop.field(1)).error().kind, ErrorKind::denied);
 }
 
+// More records than one block has: with room for no line, for those of the first block and for all.
+TEST(IndexFiles, AreTheSameWhetherTheirLinesFitInMemory) {
+  SortFixture shop;
+  constexpr int kRecords = 6000;
+  std::string up;
+  for (int n = 0; n < kRecords; ++n) {
+    shop.addText(shop.field(1), std::to_string(n));
+    up += std::to_string(n) + "\r\n";
+  }
+  ASSERT_GT(kRecords * shop.store->layout().recLen, 512 * 1024);
+  for (const std::size_t kept : {std::size_t{0}, std::size_t{30000}, kIndexKeptBytes}) {
+    shop.progress.cancelAtStep = 0;
+    const auto build = [&] {
+      return *buildIndex(*shop.store, shop.field(1), shop.data, shop.app, shop.shared, shop.progress, {},
+                         kept);
+    };
+    ASSERT_EQ(build(), IndexEnd::done);
+    EXPECT_TRUE(shop.index("Name", "1") == up) << kept;
+    EXPECT_TRUE(shop.index("Name", "0").starts_with("6000\r\n5999\r\n5998\r\n"));
+    EXPECT_TRUE(shop.index("Name", "0").ends_with("\r\n1\r\n0\r\n"));
+    EXPECT_EQ(shop.index("Name", "0").size(), up.size() + 6);
+    shop.progress.cancelAtStep = shop.progress.steps + 11;
+    ASSERT_EQ(build(), IndexEnd::cancelled);
+    const std::string cut = shop.index("Name", "1");
+    EXPECT_TRUE(!cut.empty() && cut.size() < up.size() && cut.ends_with("\r\n") && up.starts_with(cut));
+  }
+}
+
 // A lock on a record's first byte hides no key but one that begins there.
 TEST(IndexFiles, HaveAnEmptyLineForARecordThatCannotBeRead) {
   SortFixture shop;
