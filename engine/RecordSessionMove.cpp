@@ -121,6 +121,7 @@ bool RecordSession::goToRecord(std::int32_t record) {
     }
   }
   newEntry_ = false;
+  applyLocks();  // also where this record stays, because there is no other
   movedBack_ = record < curRec_;
   curRec_ = viewPos_ = record;
   loadRecord();

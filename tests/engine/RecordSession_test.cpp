@@ -183,6 +183,9 @@ TEST_F(SessionTest, LockOnceBoxesTakeTypingInNewAndErasedRecordsOnly) {
   o.erasefileClick();
   other.type(1, "again");
   EXPECT_EQ(other.text(1), "again");
+  o.text1Enter("0");  // no such record: this one stays, but it is no new one any more
+  other.type(1, "once more");
+  EXPECT_EQ(other.text(1), "again");
 }
 
 TEST_F(SessionTest, ErasingEmptiesInPlaceAndReachesTheDiskWithTheNextSave) {
