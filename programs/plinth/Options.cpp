@@ -106,7 +106,8 @@ class Parser {
     std::size_t at = 0;
     for (; at < arguments_.size() && out_.problem.empty(); ++at) {
       const std::string& word = arguments_[at];
-      if (plain_ || word.size() < 2 || word[0] != '-') {
+      if (plain_ || word.size() < 2 || word[0] != '-' || (word[1] >= '0' && word[1] <= '9')) {
+        // No option begins with a digit: a search for a number below zero does.
         words_.push_back(word);
       } else if (word == "--") {
         plain_ = true;  // what follows may begin with "-": values, names
