@@ -16,13 +16,6 @@ constexpr const char* kFont = "Courier New";
 constexpr ULONGLONG kBetween = 30;
 constexpr std::size_t kMostCells = 2000;
 
-RECT workAreaAround(HWND window) {
-  MONITORINFO screen = {};
-  screen.cbSize = sizeof screen;
-  ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
-  return screen.rcWork;
-}
-
 }  // namespace
 
 std::string ResultSource::cell(std::int32_t row, int column) const {
@@ -54,21 +47,6 @@ bool ResultWindow::open(HWND owner, const std::vector<POINT>& others) {
   avoid(others);
   arrange();
   return true;
-}
-
-// The rows lead to records in the owner, which this window stands above: it covers as little as the screen
-// allows.
-void ResultWindow::standBeside(HWND owner) {
-  RECT over = {}, own = {};
-  ::GetWindowRect(owner, &over);
-  ::GetWindowRect(handle(), &own);
-  const RECT work = workAreaAround(owner);
-  const LONG wide = own.right - own.left, high = own.bottom - own.top;
-  const bool beside = over.right + wide <= work.right;
-  const LONG left = std::min(over.right, work.right - wide);
-  const LONG top = std::min(beside ? over.top : over.bottom, work.bottom - high);
-  ::SetWindowPos(handle(), nullptr, std::max(left, work.left), std::max(top, work.top), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // One beside the other, so that none hides the title of another.

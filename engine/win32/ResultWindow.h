@@ -60,7 +60,6 @@ class ResultWindow : public ToolWindow {
   LRESULT message(UINT message, WPARAM wide, LPARAM param) override;
 
  private:
-  void standBeside(HWND owner);
   void avoid(const std::vector<POINT>& others);
   void arrange();
   void setColumns(double now);

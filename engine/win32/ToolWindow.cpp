@@ -91,21 +91,39 @@ SIZE ToolWindow::inside() const {
   return {units(area.right), units(area.bottom)};
 }
 
+RECT ToolWindow::workAreaAround(HWND window) {
+  MONITORINFO screen = {};
+  screen.cbSize = sizeof screen;
+  ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+  return screen.rcWork;
+}
+
+void ToolWindow::standBeside(HWND owner) {
+  RECT over = {}, own = {};
+  ::GetWindowRect(owner, &over);
+  ::GetWindowRect(handle(), &own);
+  const RECT work = workAreaAround(owner);
+  const LONG wide = own.right - own.left, high = own.bottom - own.top;
+  const bool beside = over.right + wide <= work.right;
+  const LONG left = std::min(over.right, work.right - wide);
+  const LONG top = std::min(beside ? over.top : over.bottom, work.bottom - high);
+  ::SetWindowPos(handle(), nullptr, std::max(left, work.left), std::max(top, work.top), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void ToolWindow::centre(HWND owner, int step) {
   RECT over = {}, own = {};
   ::GetWindowRect(owner, &over);
   ::GetWindowRect(handle(), &own);
-  MONITORINFO screen = {};
-  screen.cbSize = sizeof screen;
-  ::GetMonitorInfoW(::MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &screen);
+  const RECT work = workAreaAround(owner);
   const LONG wide = own.right - own.left, high = own.bottom - own.top;
   const LONG shift = px(kStepUnits) * (step % kMostSteps);
   const auto inside = [](LONG at, LONG size, LONG low, LONG high) {
     return std::max(low, std::min(at, high - size));
   };
   ::SetWindowPos(handle(), nullptr,
-                 inside((over.left + over.right - wide) / 2 + shift, wide, screen.rcWork.left, screen.rcWork.right),
-                 inside((over.top + over.bottom - high) / 2 + shift, high, screen.rcWork.top, screen.rcWork.bottom),
+                 inside((over.left + over.right - wide) / 2 + shift, wide, work.left, work.right),
+                 inside((over.top + over.bottom - high) / 2 + shift, high, work.top, work.bottom),
                  0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

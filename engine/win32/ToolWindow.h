@@ -36,6 +36,11 @@ class ToolWindow : public Window {
   SIZE inside() const;  // in units
   // In the middle of its owner, or `step` windows further down and right.
   void centre(HWND owner, int step = 0);
+  // Right of its owner; where the screen ends before that, as far to the right and as low as it goes, for the
+  // owner shows what this window works on.
+  void standBeside(HWND owner);
+  // The part of a window's screen that windows may fill.
+  static RECT workAreaAround(HWND window);
   // Sends the font of this window's scale to all controls.
   void setFonts();
   std::wstring wide(std::string_view text) const;

@@ -56,10 +56,7 @@ bool VariableTools::make(HWND owner) {
     palette_.setPictures(std::move(numbers));
   }
   setFonts();
-  RECT over = {};
-  ::GetWindowRect(owner, &over);
-  ::SetWindowPos(handle(), nullptr, over.right - px(kWide / 2), over.top + px(60), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  standBeside(owner);
   restorePlace(settings_, kPlaceKey);
   return true;
 }
