@@ -164,18 +164,14 @@ void BoxWindows::gotFocus(BoxId box, HWND control) {
 
 void BoxWindows::edited(BoxId box, HWND control) {
   if (showing_) return;
-  const std::wstring typed = wideText(control);
-  const std::string now = fromWide(typed, app().codePage);
-  bool heard = false;
+  const std::string now = fromWide(wideText(control), app().codePage);
   host_.act([&] {
-    heard = true;
     if (box.type == BoxType::field) host_.session().fieldEdited(box.index, now);
     if (box.type == BoxType::memo) host_.session().memoEdited(box.index, now);
     if (box.type == BoxType::combo) host_.session().comboEdited(box.index, now);
   });
-  // Typed in the middle of other work, or pasted in letters that no record can hold: the box must not show
-  // what will not be saved.
-  if (heard && wide(now) == typed) return;
+  // Typed in the middle of other work, beyond the record's room, or pasted in letters that no record can
+  // hold: the box must not show what will not be saved.
   if (box.type == BoxType::field) showField(box.index);
   if (box.type == BoxType::memo) showMemo(box.index);
   if (box.type == BoxType::combo) showCombo(box.index);

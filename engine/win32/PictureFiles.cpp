@@ -14,8 +14,10 @@ std::shared_ptr<Image> PictureFiles::at(const std::string& path) {
   if (path.empty()) return nullptr;
   if (const auto known = images_.find(path); known != images_.end()) return known->second;
   if (images_.size() >= kMostImages) images_.clear();
-  const Result<Bytes> bytes = files_.read(path);
-  return images_[path] = bytes ? decoder_.decode(*bytes) : nullptr;
+  // Known from now on, also when there is no memory for it.
+  std::shared_ptr<Image>& image = images_[path];
+  if (const Result<Bytes> bytes = files_.read(path)) image = decoder_.decode(*bytes);
+  return image;
 }
 
 // Photographs fill the memory long before there are many. Those of the record on screen are needed with every
