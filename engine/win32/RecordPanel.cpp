@@ -133,8 +133,8 @@ void RecordPanel::paint() {
   const std::string count = "/ " + std::to_string(host_.session().recCount());
   FontSpec letters = kFont;
   while (letters.points > kLeastPoints && canvas.measure(count, letters).width > kCountRoom) --letters.points;
-  canvas.text({kBoxLeft + kBoxWide + 4, 0, kCountRoom, kHigh}, count, letters, 0x404040, TextAlign::left, false,
-              true);
+  canvas.text({kBoxLeft + kBoxWide + 4, 0, kCountRoom, kHigh}, count, letters, 0x404040, TextAlign::left,
+              false, true);
 }
 
 LRESULT RecordPanel::message(UINT message, WPARAM wide, LPARAM param) {

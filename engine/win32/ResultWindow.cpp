@@ -57,8 +57,8 @@ void ResultWindow::avoid(const std::vector<POINT>& others) {
   const int right = place.right + px(kStep) <= work.right ? px(kStep) : -px(kStep);
   const int down = place.bottom + px(kStep) <= work.bottom ? px(kStep) : -px(kStep);
   const auto taken = [&](const POINT& other) { return other.x == place.left && other.y == place.top; };
-  for (std::size_t tries = 0; tries < others.size() && std::any_of(others.begin(), others.end(), taken); ++tries)
-    ::OffsetRect(&place, right, down);
+  std::size_t tries = others.size();
+  while (tries-- > 0 && std::any_of(others.begin(), others.end(), taken)) ::OffsetRect(&place, right, down);
   ::SetWindowPos(handle(), nullptr, place.left, place.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
