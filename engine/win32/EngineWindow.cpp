@@ -14,10 +14,22 @@
 namespace plinth {
 namespace {
 
-constexpr int kTabHigh = 26, kTabWide = 96, kLeastTwips = 2000;
+constexpr int kTabHigh = 26, kTabWide = 96, kLeastTwips = 2000, kViewStep = 24;
 constexpr UINT_PTR kClockTimer = 2;
 constexpr std::int32_t kBarColor = 0xECECEC, kTabColor = 0xE4E4E4;  // beside the page tabs, and of them
 const FontSpec kTabFont{"Arial", 9, false, false, false, 0};
+constexpr const wchar_t* kWindowClass = L"Form2";
+
+// Whether the window of another view has its left top corner there.
+bool standsAt(const RECT& place, HWND self) {
+  for (HWND other = nullptr; (other = ::FindWindowExW(nullptr, other, kWindowClass, nullptr)) != nullptr;) {
+    RECT there = {};
+    if (other != self && ::IsWindowVisible(other) && ::GetWindowRect(other, &there) &&
+        there.left == place.left && there.top == place.top)
+      return true;
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -33,7 +45,7 @@ bool EngineWindow::makeFrame() {
   const WindowDc screen(nullptr);
   scale_ = ::GetDeviceCaps(screen.get(), LOGPIXELSX) / 96.0;
   Request request;
-  request.className = L"Form2";
+  request.className = kWindowClass;
   const std::wstring title = toWide(session_->windowTitle(), app.codePage);
   request.title = title.c_str();
   request.style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
@@ -70,8 +82,13 @@ void EngineWindow::sizeFrame() {
   if (high > roomHigh && wide == pageWide) wide += ::GetSystemMetrics(SM_CXVSCROLL);
   wide = std::clamp(wide, least, std::max(least, roomWide));
   high = std::clamp(high, least, std::max(least, roomHigh));
-  ::SetWindowPos(handle(), nullptr, work.left + (roomWide - wide) / 2, work.top + (roomHigh - high) / 2, wide,
-                 high, SWP_NOZORDER);
+  // A new view must not hide the one it came from.
+  const int step = static_cast<int>(std::lround(kViewStep * scale_));
+  RECT place{work.left + (roomWide - wide) / 2, work.top + (roomHigh - high) / 2, 0, 0};
+  while (standsAt(place, handle()) && place.left + wide + step <= work.right &&
+         place.top + high + step <= work.bottom)
+    ::OffsetRect(&place, step, step);
+  ::SetWindowPos(handle(), nullptr, place.left, place.top, wide, high, SWP_NOZORDER);
 }
 
 void EngineWindow::makeTabs() {
