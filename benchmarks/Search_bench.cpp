@@ -145,7 +145,7 @@ Outcome sortBy(int field, Probe& probe) {
 Outcome indexField(int field, Probe& probe) {
   Contacts& c = contacts();
   const auto built =
-      buildIndex(*c.store, keyOfField(field), c.data, c.application, systemSharedFiles(), probe, {});
+      buildIndex(*c.store, keyOfField(field), c.data, c.application, englishLocale(), systemSharedFiles(), probe, {});
   return {built ? 0.0 : -1.0};
 }
 

@@ -11,6 +11,7 @@
 #include "basic/NumberReader.h"
 #include "basic/Substitution.h"
 #include "engine/RecordCodec.h"
+#include "engine/FieldEntry.h"
 #include "engine/search/BlockReader.h"
 #include "engine/search/RecordSteps.h"
 
@@ -42,7 +43,8 @@ void appendScaled(std::string& out, std::int64_t scaled) {
 // Turns stored bytes into lines.
 class LineMaker {
  public:
-  LineMaker(const RecordKey& key, bool scrambled) : key_(key), scrambled_(scrambled) {}
+  LineMaker(const RecordKey& key, bool scrambled, const Locale& locale)
+      : key_(key), scrambled_(scrambled), locale_(locale) {}
 
   // bytes: those of the key.
   void append(std::string& out, std::span<const std::uint8_t> bytes) const {
@@ -62,8 +64,10 @@ class LineMaker {
       case KeyType::check:
         appendWhole(out, plain(bytes)[0]);
         break;
-      case KeyType::text:
       case KeyType::time:
+        appendTime(out, bytes);
+        break;
+      case KeyType::text:
       case KeyType::variableLabels:
         appendText(out, bytes);
         break;
@@ -94,8 +98,18 @@ class LineMaker {
         out[at] = ' ';
   }
 
+  // Times are stored as characters; their lines are serials, as those of dates.
+  void appendTime(std::string& out, std::span<const std::uint8_t> bytes) const {
+    const std::size_t start = out.size();
+    appendText(out, bytes);
+    const double time = heldTime(key_.fieldKind, std::string_view(out).substr(start), locale_);
+    out.resize(start);
+    out += plainNumber(time);
+  }
+
   const RecordKey& key_;
   bool scrambled_;
+  const Locale& locale_;
 };
 
 // A new index file, written in large pieces.
@@ -246,9 +260,9 @@ bool canIndex(const RecordKey& key) {
          (kind == FocusKind::field || kind == FocusKind::combo || kind == FocusKind::check);
 }
 
-std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes) {
+std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes, const Locale& locale) {
   std::string out;
-  LineMaker(key, false).append(out, bytes);
+  LineMaker(key, false, locale).append(out, bytes);
   return out;
 }
 
@@ -271,11 +285,12 @@ std::int64_t indexScaled(std::string_view line) {
 }
 
 Result<IndexEnd> buildIndex(RecordStore& store, const RecordKey& key, const DataFile& data,
-                            const Application& application, SharedFiles& files, Progress& progress,
-                            const std::function<void(std::int32_t)>& unreadable, std::size_t keptBytes) {
+                            const Application& application, const Locale& locale, SharedFiles& files,
+                            Progress& progress, const std::function<void(std::int32_t)>& unreadable,
+                            std::size_t keptBytes) {
   if (!canIndex(key)) return Error{ErrorKind::wrongUsage, "This object cannot be indexed."};
   RecordSteps steps(progress, "Indexing " + key.label, 2 * static_cast<std::int64_t>(store.count()));
-  const LineMaker lines(key, application.scrambleData);
+  const LineMaker lines(key, application.scrambleData, locale);
   IndexBuild build(store, key, lines, steps, unreadable, keptBytes);
   for (const IndexDirection direction : {IndexDirection::down, IndexDirection::up}) {
     const bool down = direction == IndexDirection::down;

@@ -28,8 +28,9 @@ std::string indexFilePath(const DataFile& data, const std::string& label, IndexD
 bool canIndex(const RecordKey& key);
 
 // A stored value as an index line has it: text as it stands without padding, numbers with "." as the point,
-// dates as their serial, a check box as the number of its byte. bytes: no longer substituted.
-std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes);
+// dates and times as their serial, a check box as the number of its byte. bytes: no longer substituted.
+// locale: of the times that records hold as text.
+std::string indexValue(const RecordKey& key, std::span<const std::uint8_t> bytes, const Locale& locale);
 
 // A line of a currency or date key as value x 10,000, exact up to four decimals; 0 where there is no number.
 std::int64_t indexScaled(std::string_view line);
@@ -42,8 +43,8 @@ enum class IndexEnd { done, cancelled };
 // empty. keptBytes: up to so many bytes the lines of the first file are kept for the second, which otherwise
 // reads the data again; a parameter so that tests reach both ways.
 Result<IndexEnd> buildIndex(RecordStore& store, const RecordKey& key, const DataFile& data,
-                            const Application& application, SharedFiles& files, Progress& progress,
-                            const std::function<void(std::int32_t)>& unreadable,
+                            const Application& application, const Locale& locale, SharedFiles& files,
+                            Progress& progress, const std::function<void(std::int32_t)>& unreadable,
                             std::size_t keptBytes = kIndexKeptBytes);
 
 // Reads an index file forward in large blocks.

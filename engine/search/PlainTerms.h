@@ -76,6 +76,7 @@ class PlainTest {
   bool holdsExact(std::int64_t value);
   bool holdsDay(std::int64_t day);
   bool holdsTime(std::string_view text, double time);
+  bool holdsTimeLine(double time);
   bool holdsLabels(std::span<const std::uint8_t> area);
   bool dayFits(Term& term, std::int64_t day) const;
 

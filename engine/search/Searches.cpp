@@ -60,7 +60,7 @@ bool Searches::maySearch() const { return focusedKey() && services_.session.tool
 bool Searches::maySort() const { return focusedKey() && services_.session.tools().sort; }
 bool Searches::mayIndex() const {
   const std::optional<RecordKey> key = focusedKey();
-  return key && services_.session.tools().index && canIndex(*key);
+  return key && services_.session.tools().index && canIndex(*key) && !services_.session.readOnly();
 }
 
 SearchResult* Searches::search(std::string_view line, SearchResult* within) {
@@ -124,14 +124,19 @@ SearchResult* Searches::start(std::string_view line, SearchResult* within, bool 
   return result;
 }
 
+// False after saying that this session only reads.
+bool Searches::mayWrite() {
+  const RecordSession& session = services_.session;
+  if (!session.readOnly()) return true;
+  const bool login = session.login() && session.login()->readOnly;
+  say(runMessage(application(), login ? 23 : 5, session.dataFile().name), MessageIcon::warning);
+  return false;
+}
+
 // Finds the keys of a plain search; false after saying why the line cannot run.
 bool Searches::mayRun(SearchResult& result) {
   const RecordSession& session = services_.session;
-  if (result.verb == QueryVerb::replace && session.readOnly()) {
-    const bool login = session.login() && session.login()->readOnly;
-    say(runMessage(application(), login ? 23 : 5, session.dataFile().name), MessageIcon::warning);
-    return false;
-  }
+  if (result.verb == QueryVerb::replace && !mayWrite()) return false;
   if (result.verb != QueryVerb::plain || result.line[0] == '!') return true;
   const std::optional<RecordKey> key = focusedKey();
   if (!key || !session.tools().find) {
@@ -263,13 +268,13 @@ bool Searches::sortBy(int index) {
 bool Searches::buildIndexes() {
   quiet_ = false;
   const std::optional<RecordKey> key = focusedKey();
-  if (running_ || !key || !canIndex(*key) || !ready()) return false;
+  if (running_ || !key || !canIndex(*key) || !mayWrite() || !ready()) return false;
   RecordSession& session = services_.session;
   unreadableShown_ = false;
   running_ = true;
   services_.progress.title("Indexing " + key->label);
   const auto built =
-      buildIndex(*session.store(), *key, session.dataFile(), application(), services_.files,
+      buildIndex(*session.store(), *key, session.dataFile(), application(), session.locale(), services_.files,
                  services_.progress, [this](std::int32_t record) { unreadable(record); });
   services_.progress.title("");
   running_ = false;

@@ -108,6 +108,7 @@ class Searches : public QueryRunner {
   SearchResult* start(std::string_view line, SearchResult* within, bool quiet);
   bool ready();
   bool mayRun(SearchResult& result);
+  bool mayWrite();
   void runOver(SearchResult& result, const Query& query, const std::vector<std::int32_t>* within);
   // answers: a command tells its outcome in a box; sums and counts of nothing do not.
   void finish(SearchResult& result, bool answers);

@@ -31,7 +31,8 @@ class SortRun {
         services_(services),
         count_(std::max(0, services.store.count())),
         steps_(services.progress, runMessage(services.application, 27), count_) {
-    if (canIndex(key))
+    // Records hold times as text, an index as serials: the two would not stand in one order.
+    if (canIndex(key) && key.type != KeyType::time)
       index_ = IndexReader::open(
           services.files,
           indexFilePath(services.data, key.label, IndexDirection::up, services.application.codePage),

@@ -4,6 +4,8 @@
 #include <commctrl.h>
 #include <objbase.h>
 
+#include <memory>
+
 #include "engine/FlatRecordStore.h"
 #include "engine/win32/EngineWindow.h"
 #include "platform/SystemCodec.h"
@@ -44,13 +46,16 @@ int runApplication(const std::string& commandLine) {
   WicDecoder decoder;
   SystemClipboard clipboard(ownerOf);
   const std::unique_ptr<Settings> settings = systemSettings(start.application.title);
-  EngineWindow window({messages, chooser, systemShell(), systemFiles(), decoder, systemSharedFiles(),
-                       *settings, clipboard});
+  auto made = std::make_unique<EngineWindow>(
+      EngineWindowServices{messages, chooser, systemShell(), systemFiles(), decoder, systemSharedFiles(),
+                           *settings, clipboard});
   RecordSession session(std::move(start),
                         {systemFiles(), messages, clock, locale, systemShell(),
-                         flatStoreOpener(systemSharedFiles(), systemFiles()), &window, nullptr});
-  if (!window.open(session, owner)) return 1;
-  return window.run();
+                         flatStoreOpener(systemSharedFiles(), systemFiles()), made.get(), nullptr});
+  // The window's parts speak to the session until they are gone.
+  const std::unique_ptr<EngineWindow> window = std::move(made);
+  if (!window->open(session, owner)) return 1;
+  return window->run();
 }
 
 }  // namespace

@@ -28,20 +28,20 @@ TEST(IndexFiles, WriteEachKindInItsOwnForm) {
   const auto scaled = [&](int field, std::int64_t value) {
     Bytes bytes(8);
     std::memcpy(bytes.data(), &value, 8);
-    return indexValue(shop.field(field), bytes);
+    return indexValue(shop.field(field), bytes, englishLocale());
   };
   EXPECT_EQ(scaled(2, 12345678), "1234.5678");
   EXPECT_EQ(scaled(2, 100), "0.01");
   EXPECT_EQ(scaled(2, INT64_MIN), "-922337203685477.5808");
   EXPECT_EQ(scaled(4, 450005000), "45000.5") << "a date by its serial";
-  EXPECT_EQ(indexValue(shop.field(3), Bytes{0xFE, 0xFF, 0xFF, 0xFF}), "-2");
-  EXPECT_EQ(indexValue(shop.key(FocusKind::check, 0), Bytes{2}), "2");
-  EXPECT_EQ(indexValue(shop.field(7), Bytes{'0', '9', ':', '3', '0', ' ', ' ', 0}), "09:30");
+  EXPECT_EQ(indexValue(shop.field(3), Bytes{0xFE, 0xFF, 0xFF, 0xFF}, englishLocale()), "-2");
+  EXPECT_EQ(indexValue(shop.key(FocusKind::check, 0), Bytes{2}, englishLocale()), "2");
+  EXPECT_EQ(indexValue(shop.field(7), Bytes{'1', '8', ':', '0', '0', ' ', ' ', 0}, englishLocale()), "0.75");
   for (const double value :
        {0.0, -0.0, 12.5, -0.0001, 1e-5, 123456789.1234, 1e15, 0.1 + 0.2, 1.0 / 3, -1e300}) {
     Bytes bytes(8);
     std::memcpy(bytes.data(), &value, 8);
-    EXPECT_EQ(indexValue(shop.field(6), bytes), plainNumber(value));
+    EXPECT_EQ(indexValue(shop.field(6), bytes, englishLocale()), plainNumber(value));
   }
 }
 
@@ -96,7 +96,7 @@ TEST(IndexFiles, AreTheSameWhetherTheirLinesFitInMemory) {
   for (const std::size_t kept : {std::size_t{0}, std::size_t{30000}, kIndexKeptBytes}) {
     shop.progress.cancelAtStep = 0;
     const auto build = [&] {
-      return *buildIndex(*shop.store, shop.field(1), shop.data, shop.app, shop.shared, shop.progress, {},
+      return *buildIndex(*shop.store, shop.field(1), shop.data, shop.app, englishLocale(), shop.shared, shop.progress, {},
                          kept);
     };
     ASSERT_EQ(build(), IndexEnd::done);
@@ -118,7 +118,7 @@ TEST(IndexFiles, HaveAnEmptyLineForARecordThatCannotBeRead) {
   const auto other = std::move(*shop.shared.open(shop.data.path(), OpenMode::readWrite));
   ASSERT_TRUE(other->lock(3 * shop.store->layout().recLen - 1, 1).ok());
   std::vector<std::int32_t> unreadable;
-  ASSERT_TRUE(buildIndex(*shop.store, shop.field(1), shop.data, shop.app, shop.shared, shop.progress,
+  ASSERT_TRUE(buildIndex(*shop.store, shop.field(1), shop.data, shop.app, englishLocale(), shop.shared, shop.progress,
                          [&](std::int32_t record) { unreadable.push_back(record); })
                   .ok());
   EXPECT_EQ(unreadable, std::vector<std::int32_t>{3}) << "told once for both files";

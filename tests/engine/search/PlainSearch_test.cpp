@@ -255,7 +255,7 @@ TEST(PlainSearch, FindsTheSameThroughAFreshIndex) {
     const Records plain = search.field(n, line);
     EXPECT_FALSE(plain.empty());
     ASSERT_TRUE(buildIndex(*search.shop.store, search.shop.key(FocusKind::field, n), search.shop.data,
-                           search.shop.application, search.shop.shared, search.progress, nullptr).ok());
+                           search.shop.application, englishLocale(), search.shop.shared, search.progress, nullptr).ok());
     EXPECT_EQ(search.field(n, line), plain) << line;
     EXPECT_TRUE(search.outcome.usedIndex);
   }

@@ -45,7 +45,7 @@ struct SortFixture {
     add(at, bytes);
   }
   Result<IndexEnd> build(const RecordKey& at) {
-    return buildIndex(*store, at, data, app, shared, progress, {});
+    return buildIndex(*store, at, data, app, englishLocale(), shared, progress, {});
   }
   std::string index(const std::string& label, const std::string& direction) const {
     return files.textOf("/data/Shop" + label + "-" + direction + ".inx");
