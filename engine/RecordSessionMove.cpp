@@ -99,7 +99,12 @@ void RecordSession::newbutClick() {
 }
 
 void RecordSession::newAfterSave() {
-  if (saveIfDirty()) newRecord();
+  if (isOpen() && readOnly_) {
+    const bool login = login_ && login_->readOnly;
+    services_.messages.show(runMessage(application(), login ? 23 : 5, start_.data.name));
+  } else if (saveIfDirty()) {
+    newRecord();
+  }
 }
 
 std::string RecordSession::text1() const { return std::to_string(curRec_); }

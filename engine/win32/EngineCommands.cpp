@@ -161,8 +161,13 @@ void EngineWindow::openDataFile(bool save) {
 
 void EngineWindow::newEntry(const MenuEntry&) { navigate(kNewRecordId); }
 
+// What the boxes held is gone with the next move: one wrong key must not do that.
 void EngineWindow::clearEntry(const MenuEntry&) {
-  act([&] { session_->erasefileClick(); });
+  act([&] {
+    const std::string question = runMessage(application(), 10);
+    if (services_.messages.ask(question.empty() ? "Clear all boxes of this record?" : question))
+      session_->erasefileClick();
+  });
 }
 
 void EngineWindow::editCommand(const MenuEntry& entry) {

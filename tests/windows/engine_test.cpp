@@ -316,6 +316,7 @@ TEST_F(EngineWindows, OffersWhatWorksAndGreysTheRest) {
   EXPECT_TRUE(std::filesystem::exists(folder / "Other.dbd"));
   EXPECT_EQ(fieldShown(kName), "");
   typeField(kName, L"gone");
+  messages.answers = {true};
   menu(MenuId::erasefile);
   EXPECT_EQ(fieldShown(kName), "");
   chooser.answers = {folder / "Shop.dbd"};
