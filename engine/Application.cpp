@@ -212,9 +212,10 @@ std::string runMessage(const Application& application, int number, std::string_v
   return replaceAll(text, "*", value);
 }
 
-std::string runCaption(const Application& application, int number) {
+std::string runCaption(const Application& application, int number, std::string_view plain) {
   const auto& captions = application.payload.application.runCaptions;
-  if (number < 0 || number >= static_cast<int>(captions.size())) return {};
+  const bool known = number >= 0 && number < static_cast<int>(captions.size());
+  if (!known || captions[static_cast<std::size_t>(number)].empty()) return std::string(plain);
   return captions[static_cast<std::size_t>(number)];
 }
 

@@ -80,8 +80,8 @@ Application makeApplication(Payload payload);
 // Message `number` (0 to 59) of the application with `*` replaced by `value`. The messages that the engine
 // itself needs read in plain English when the payload leaves them empty.
 std::string runMessage(const Application& application, int number, std::string_view value = {});
-// Caption `number` (0 to 80), "" when empty or unknown.
-std::string runCaption(const Application& application, int number);
+// Caption `number` (0 to 80); `plain` words when it is empty or unknown.
+std::string runCaption(const Application& application, int number, std::string_view plain = {});
 
 // Highest FieldLength that is taken from a payload.
 inline constexpr std::int32_t kMaxFieldLength = 1 << 20;

@@ -7,8 +7,8 @@ std::vector<BoxMenuRow> boxMenu(const Application& application, const FocusTools
                                 const std::function<bool(const MenuEntry&)>& mayRun) {
   std::vector<BoxMenuRow> rows;
   const auto edit = [&](BoxCommand command, int caption, const char* plain, bool enabled) {
-    const std::string words = runCaption(application, caption);
-    rows.push_back({command, nullptr, words.empty() ? plain : words, enabled, command == BoxCommand::cut});
+    rows.push_back(
+        {command, nullptr, runCaption(application, caption, plain), enabled, command == BoxCommand::cut});
   };
   edit(BoxCommand::undo, 17, "Undo", state.canUndo && state.canWrite);
   edit(BoxCommand::cut, 14, "Cut", state.hasSelection && state.canWrite);

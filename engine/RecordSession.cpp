@@ -37,6 +37,11 @@ std::string RecordSession::windowTitle() const {
   return application().title + std::string(32, ' ') + "Login : " + login_->name;
 }
 
+std::string RecordSession::readOnlyText() const {
+  const bool byLogin = login_ && login_->readOnly;
+  return runMessage(application(), byLogin ? 23 : 5, start_.data.name);
+}
+
 UserTable* RecordSession::editUsers() {
   if (!mayEditUsers()) return nullptr;
   usersEdited_ = true;

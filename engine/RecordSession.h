@@ -60,6 +60,8 @@ class RecordSession {
   bool isOpen() const { return store_ != nullptr; }
   RecordStore* store() { return store_.get(); }
   bool readOnly() const { return readOnly_; }
+  // Why nothing can be written, for the person: his login or the file.
+  std::string readOnlyText() const;
   bool dirty() const { return dirty_; }
   // The current record was made or erased since the last move, so boxes that lock once take typing.
   bool newEntry() const { return newEntry_; }

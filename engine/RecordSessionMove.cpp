@@ -100,8 +100,7 @@ void RecordSession::newbutClick() {
 
 void RecordSession::newAfterSave() {
   if (isOpen() && readOnly_) {
-    const bool login = login_ && login_->readOnly;
-    services_.messages.show(runMessage(application(), login ? 23 : 5, start_.data.name));
+    services_.messages.show(readOnlyText());
   } else if (saveIfDirty()) {
     newRecord();
   }

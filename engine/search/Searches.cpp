@@ -14,11 +14,6 @@
 namespace plinth {
 namespace {
 
-std::string captionOr(const Application& application, int number, const char* plain) {
-  const std::string text = runCaption(application, number);
-  return text.empty() ? plain : text;
-}
-
 std::string counted(std::int64_t number, const Locale& locale) {
   return formatNumber(static_cast<double>(number), {.decimals = 0}, locale);
 }
@@ -36,7 +31,7 @@ class Searches::RunProgress : public Progress {
     const Locale& locale = searches_.session().locale();
     result_.status = counted(done, locale) + " / " +
                      counted(static_cast<std::int64_t>(result_.hits.size()), locale) + " " +
-                     captionOr(searches_.application(), 46, "searched");
+                     runCaption(searches_.application(), 46, "searched");
     return !searches_.view_ || searches_.view_->resultRunning(result_);
   }
 
@@ -126,10 +121,8 @@ SearchResult* Searches::start(std::string_view line, SearchResult* within, bool 
 
 // False after saying that this session only reads.
 bool Searches::mayWrite() {
-  const RecordSession& session = services_.session;
-  if (!session.readOnly()) return true;
-  const bool login = session.login() && session.login()->readOnly;
-  say(runMessage(application(), login ? 23 : 5, session.dataFile().name), MessageIcon::warning);
+  if (!services_.session.readOnly()) return true;
+  say(services_.session.readOnlyText(), MessageIcon::warning);
   return false;
 }
 
@@ -170,7 +163,7 @@ void Searches::runOver(SearchResult& result, const Query& query, const std::vect
     result.count = outcome.hits;
     return;
   }
-  progress.title(captionOr(application(), 20, "Search line"));
+  progress.title(runCaption(application(), 20, "Search line"));
   const QueryOutcome outcome =
       runQuery(query, {*session.store(), application(), matchCase, upward, progress, hit, lost, within,
                        session.locale()});
@@ -211,14 +204,14 @@ std::string Searches::boxText(const SearchResult& result) const {
 std::string Searches::statusOf(const SearchResult& result) const {
   const Application& app = application();
   if (!result.lists()) return boxText(result);
-  std::string text = captionOr(app, 50, "Nothing found");
+  std::string text = runCaption(app, 50, "Nothing found");
   if (!result.hits.empty()) {
     const bool tooMany = result.hits.size() > static_cast<std::size_t>(kMostRows);
-    text = captionOr(app, tooMany ? 49 : 48, tooMany ? "More than the list can show" : "Found") + " " +
+    text = runCaption(app, tooMany ? 49 : 48, tooMany ? "More than the list can show" : "Found") + " " +
            counted(static_cast<std::int64_t>(result.hits.size()), services_.session.locale()) + " " +
-           captionOr(app, 47, "records");
+           runCaption(app, 47, "records");
   }
-  if (result.usedIndex) text += "  -  " + captionOr(app, 29, "Index of this field");
+  if (result.usedIndex) text += "  -  " + runCaption(app, 29, "Index of this field");
   return text;
 }
 

@@ -19,8 +19,7 @@ INT_PTR ModalDialog::run(HWND owner) {
 }
 
 std::string ModalDialog::caption(int number, const char* fallback) const {
-  const std::string text = runCaption(application_, number);
-  return text.empty() ? fallback : text;
+  return runCaption(application_, number, fallback);
 }
 
 int ModalDialog::px(int units) const { return static_cast<int>(std::lround(units * scale_)); }

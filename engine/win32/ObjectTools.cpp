@@ -27,9 +27,8 @@ UINT chosenFrom(HMENU menu, POINT screen, HWND owner) {
       ::TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, owner, nullptr));
 }
 
-std::wstring captionOf(const Application& application, int number, const wchar_t* plain) {
-  const std::string text = runCaption(application, number);
-  return text.empty() ? plain : toWide(text, application.codePage);
+std::wstring captionOf(const Application& application, int number, std::string_view plain) {
+  return toWide(runCaption(application, number, plain), application.codePage);
 }
 
 }  // namespace
@@ -205,8 +204,8 @@ bool ObjectTools::pictureMenu(int picture, POINT screen) {
   const MenuHandle menu(::CreatePopupMenu());
   const Application& application = host_.application();
   addCommand(menu.get(), kChooseCommand, L"Open...", true);
-  addCommand(menu.get(), kPasteCommand, captionOf(application, 16, L"Paste"), mayPaste());
-  addCommand(menu.get(), kRemoveCommand, captionOf(application, 60, L"Remove"),
+  addCommand(menu.get(), kPasteCommand, captionOf(application, 16, "Paste"), mayPaste());
+  addCommand(menu.get(), kRemoveCommand, captionOf(application, 60, "Remove"),
              !host_.session().form().pictures[static_cast<std::size_t>(picture)].stem.empty());
   const UINT chosen = chosenFrom(menu.get(), screen, owner_);
   if (chosen == kChooseCommand) choosePicture(picture);
@@ -224,7 +223,7 @@ bool ObjectTools::objectMenu(PointPx point, POINT screen) {
   }
   const MenuHandle menu(::CreatePopupMenu());
   if (object.kind == VariableRef::Kind::label) addCommand(menu.get(), kEditCommand, L"Label...", true);
-  if (object) addCommand(menu.get(), kRemoveCommand, captionOf(host_.application(), 60, L"Remove"), true);
+  if (object) addCommand(menu.get(), kRemoveCommand, captionOf(host_.application(), 60, "Remove"), true);
   if (!tools_.visible()) addCommand(menu.get(), kToolsCommand, L"Labels and pictures...", true);
   if (::GetMenuItemCount(menu.get()) == 0) return true;
   const UINT chosen = chosenFrom(menu.get(), screen, owner_);

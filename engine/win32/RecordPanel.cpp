@@ -35,11 +35,6 @@ constexpr std::array<PanelButton, 7> kButtons{{
 }};
 const FontSpec kFont{"Arial", 9, false, false, false, 0};
 
-std::string tip(const Application& application, int caption, const char* fallback) {
-  const std::string text = runCaption(application, caption);
-  return text.empty() ? fallback : text;
-}
-
 }  // namespace
 
 SIZE RecordPanel::sizeUnits() { return {kWide, kHigh}; }
@@ -56,13 +51,13 @@ bool RecordPanel::open(HWND parent) {
     const HWND button = buttons_[static_cast<std::size_t>(i)] = ::CreateWindowExW(
         0, L"BUTTON", row.text, WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, 0, 0, 10, 10, handle(),
         reinterpret_cast<HMENU>(static_cast<INT_PTR>(kNavigationId + i)), nullptr, nullptr);
-    host_.setToolTip(button, tip(host_.application(), row.caption, row.fallback));
+    host_.setToolTip(button, runCaption(host_.application(), row.caption, row.fallback));
   }
   box_ = ::CreateWindowExW(
       0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_NUMBER | ES_CENTER, 0, 0, 10, 10,
       handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kRecordBoxId)), nullptr, nullptr);
   ::SendMessageW(box_, EM_LIMITTEXT, 10, 0);
-  host_.setToolTip(box_, tip(host_.application(), 8, ""));
+  host_.setToolTip(box_, runCaption(host_.application(), 8, ""));
   return box_ != nullptr;
 }
 

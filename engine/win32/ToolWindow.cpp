@@ -77,8 +77,7 @@ void ToolWindow::setText(int id, const std::string& text) const {
 }
 
 std::string ToolWindow::caption(int number, const char* plain) const {
-  const std::string text = runCaption(application_, number);
-  return text.empty() ? plain : text;
+  return runCaption(application_, number, plain);
 }
 
 std::wstring ToolWindow::wide(std::string_view text) const { return toWide(text, application_.codePage); }
