@@ -24,6 +24,8 @@ class EngineView {
   // One object of the form has another text or value than the box shows.
   virtual void fieldChanged(int) {}
   virtual void comboChanged(int) {}
+  // What was typed into a field is nothing that it can hold; its text of before stands again.
+  virtual void entryRefused(int) {}
   virtual void memoChanged(int) {}
   virtual void checkChanged(int) {}
   // Another record, or the same afresh: every box, lock, picture, variable object and system title of the

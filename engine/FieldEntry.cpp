@@ -41,13 +41,15 @@ bool hasLetter(std::string_view text) {
   return false;
 }
 
+EnteredField refused(const EnteredField& before) { return {before.text, before.date, false}; }
+
 EnteredField enterTime(int kind, std::string_view text, const EnteredField& before, double now,
                        const Locale& locale) {
   std::optional<double> time;
   // "2:30 pm" means the afternoon, which digits alone cannot say.
   if (hasLetter(text)) time = readDate(text, locale, std::floor(now));
   if (!time) time = timeOfDigits(text);
-  if (!time) return before;
+  if (!time) return refused(before);
   const double part = *time - std::floor(*time);
   EnteredField entered{formatDate(part, *time < 1 && underAnHour(part) ? "nn:ss" : "hh:nn:ss", locale), 0};
   if (kind == 10 && hasLetter(text)) entered.text = formatDate(part, "hh:nn", locale);
@@ -58,9 +60,9 @@ EnteredField enterTime(int kind, std::string_view text, const EnteredField& befo
 EnteredField enterNumber(const Application& application, int kind, std::string_view text,
                          const EnteredField& before, const Locale& locale) {
   const double value = val(normalizeNumber(text, locale));
-  if (kind == 5 && !(std::abs(value) < 2147483647.5)) return before;
+  if (kind == 5 && !(std::abs(value) < 2147483647.5)) return refused(before);
   if (kind == 1 || kind == 5) return {shownNumber(kind, value, application.showZero, locale), 0};
-  if (!(std::abs(value) < 9.2e14)) return before;
+  if (!(std::abs(value) < 9.2e14)) return refused(before);
   return {shownCurrency(kind, scaledFromText(text, locale), application.showZero, locale), 0};
 }
 
@@ -116,7 +118,7 @@ EnteredField enterField(const Application& application, int n, std::string_view 
     if (kind == 10 || kind == 12) return enterTime(kind, typed, before, now, locale);
     auto date = readDate(typed, locale, std::floor(now));
     // A time alone is no date.
-    if (!date || (isDateKind(kind) && std::floor(*date) == 0)) return before;
+    if (!date || (isDateKind(kind) && std::floor(*date) == 0)) return refused(before);
     if (kind == 11) *date -= std::floor(*date);
     return {formatFieldDate(kind, *date, application.dateFormat, locale), *date};
   }

@@ -29,6 +29,7 @@ double heldTime(int kind, std::string_view text, const Locale& locale);
 struct EnteredField {
   std::string text;
   double date = 0;
+  bool taken = true;  // false: what was typed cannot be held, and the text is the one of before
 };
 // What a box shows and holds after somebody left it with `text`. before: what it held when it was entered; it
 // returns when the text cannot be what the field holds. now: a date serial with the time.

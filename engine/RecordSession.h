@@ -24,6 +24,8 @@
 
 namespace plinth {
 
+struct EnteredField;
+
 // The outside of a session; everything must outlive it.
 struct SessionServices {
   Files& files;
@@ -221,6 +223,8 @@ class RecordSession {
   KeyResult toggleStopWatch(int n);
   std::string functionKeyText(int number) const;
   void setField(int n, std::string text, double date);
+  // What was typed or picked for a field becomes its text, and the formulas follow.
+  void enter(int n, std::string_view text, const EnteredField& before);
   void setFocus(int kind, int index, FocusTools tools, const std::string& helpText);
   EngineView& view() const { return *view_; }
   FormField& field(int n) { return form_.fields[static_cast<std::size_t>(n)]; }

@@ -13,16 +13,14 @@
 namespace plinth {
 namespace {
 
-constexpr int kPause = 19, kUp = 38, kDown = 40, kInsert = 45, kF1 = 112, kF5 = 116, kF12 = 123;
-
 // Keys that change no text: they must not mark a record as changed.
 bool isNavigationKey(const KeyEvent& key) {
   if (key.shift & kAlt) return true;
   if (key.shift & kCtrl)
-    return key.key != 'X' && key.key != 'V' && key.key != 'Z' && key.key != 8 && key.key != 46;
-  if (key.key == kInsert) return !(key.shift & kShift);
-  constexpr int kOthers[] = {9, 13, 16, 17, 18, kPause, 20, 27, 44, 91, 92, 93, 144, 145};
-  return (key.key >= 33 && key.key <= 40) || (key.key >= kF1 && key.key <= 135) ||
+    return key.key != 'X' && key.key != 'V' && key.key != 'Z' && key.key != 8 && key.key != kDeleteKey;
+  if (key.key == kInsertKey) return !(key.shift & kShift);
+  constexpr int kOthers[] = {9, 13, 16, 17, 18, kPauseKey, 20, 27, 44, 91, 92, 93, 144, 145};
+  return (key.key >= kPageUpKey && key.key <= kDownKey) || (key.key >= kF1Key && key.key <= 135) ||
          std::find(std::begin(kOthers), std::end(kOthers), key.key) != std::end(kOthers);
 }
 
@@ -100,19 +98,20 @@ KeyResult RecordSession::editKey(const KeyEvent& key, bool locked) {
 
 KeyResult RecordSession::fieldKeyDown(int n, const KeyEvent& key) {
   if (!liveField(n) || busy_) return KeyResult::swallowed();
-  if (key.key == kPause) return toggleStopWatch(n);
-  if (key.key > kF1 && key.key <= kF12 && key.shift == 0) {
-    KeyResult result{false, functionKeyText(key.key - kF1), 0};
+  if (key.key == kPauseKey) return toggleStopWatch(n);
+  if (key.key > kF1Key && key.key <= kF12Key && key.shift == 0) {
+    KeyResult result{false, functionKeyText(key.key - kF1Key), 0};
     // A key without a text keeps its meaning for the window.
     result.swallow = !result.insert.empty();
     if (!result.insert.empty() && (!mayEdit(field(n).locked) || !beginEdit())) result.insert.clear();
     return result;
   }
-  if (key.key >= kF1 && key.key <= kF5 && key.shift == kShift) {
-    command2Click(key.key - kF1);
+  if (key.key >= kF1Key && key.key <= kF5Key && key.shift == kShift) {
+    command2Click(key.key - kF1Key);
     return KeyResult::swallowed();
   }
-  if ((key.key == kUp || key.key == kDown) && key.shift == 0) return {true, {}, key.key == kUp ? -1 : 1};
+  if ((key.key == kUpKey || key.key == kDownKey) && key.shift == 0)
+    return {true, {}, key.key == kUpKey ? -1 : 1};
   return editKey(key, field(n).locked);
 }
 
@@ -155,9 +154,14 @@ void RecordSession::fieldLostFocus(int n) {
   if (!liveField(n)) return;
   if (stopWatchField_ == n) stopWatchField_ = 0;
   if (focusKind_ != 1 || focusIndex_ != n || field(n).text == fieldBefore_ || curRec_ < 1) return;
-  const EnteredField entered = enterField(application(), n, field(n).text, {fieldBefore_, dateBefore_},
-                                          services_.clock.now(), services_.locale);
+  enter(n, field(n).text, {fieldBefore_, dateBefore_});
+}
+
+void RecordSession::enter(int n, std::string_view text, const EnteredField& before) {
+  const EnteredField entered =
+      enterField(application(), n, text, before, services_.clock.now(), services_.locale);
   setField(n, entered.text, entered.date);
+  if (!entered.taken) view().entryRefused(n);
   rememberFocused();
   runFormulas();
   // A formula may have written into this very box.
@@ -177,11 +181,7 @@ bool RecordSession::fieldNumberPicked(std::string_view number) {
   const int n = focusIndex_;
   if (focusKind_ != 1 || !liveField(n) || !isNumberKind(application().field(n).fieldType)) return false;
   if (!mayEdit(field(n).locked) || !beginEdit()) return false;
-  const EnteredField entered = enterField(application(), n, number, {field(n).text, field(n).date},
-                                          services_.clock.now(), services_.locale);
-  setField(n, entered.text, entered.date);
-  rememberFocused();
-  runFormulas();
+  enter(n, number, {field(n).text, field(n).date});
   return true;
 }
 

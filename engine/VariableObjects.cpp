@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kDragStart = 3;  // pixels before a press counts as a drag
 constexpr const char* kNoRoomText = "The record has no room for more labels and pictures.";
-constexpr int kLeft = 37, kUp = 38, kRight = 39, kDown = 40, kDelete = 46, kEscape = 27;
 
 // No page reaches further; anything may stand in a file.
 int px(std::int32_t twips) {
@@ -210,9 +209,7 @@ bool VariableObjects::apply(const Change& change) {
   return done;
 }
 
-int VariableObjects::snapped(int pixels) const {
-  return (std::max(0, pixels) + grid_ / 2) / grid_ * grid_;
-}
+int VariableObjects::snapped(int pixels) const { return (std::max(0, pixels) + grid_ / 2) / grid_ * grid_; }
 
 VariableRef VariableObjects::add(PointPx point) {
   const PointPx corner{snapped(point.x), snapped(point.y)};
@@ -314,7 +311,7 @@ void VariableObjects::cancelDrag() {
 
 bool VariableObjects::keyDown(const KeyEvent& key) {
   if (!editing_) return false;
-  if (key.key == kEscape) {
+  if (key.key == kEscapeKey) {
     if (dragging_)
       cancelDrag();
     else if (tool_ != Tool::pointer)
@@ -325,12 +322,12 @@ bool VariableObjects::keyDown(const KeyEvent& key) {
   }
   const VariableRef object = selection();
   if (!object || dragging_) return false;
-  if (key.key == kDelete) return remove(), true;
-  if (key.key < kLeft || key.key > kDown) return false;
+  if (key.key == kDeleteKey) return remove(), true;
+  if (key.key < kLeftKey || key.key > kDownKey) return false;
   const int step = (key.shift & kCtrl) != 0 ? 1 : grid_;
   RectPx rect = place(object);
-  rect.left += key.key == kLeft ? -step : key.key == kRight ? step : 0;
-  rect.top += key.key == kUp ? -step : key.key == kDown ? step : 0;
+  rect.left += key.key == kLeftKey ? -step : key.key == kRightKey ? step : 0;
+  rect.top += key.key == kUpKey ? -step : key.key == kDownKey ? step : 0;
   moveTo({rect.left, rect.top});
   return true;
 }

@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const DataFile file{"/app/", "Shop.dbd", false};
   const RecordLayout layout = *computeLayout(application);
   files.put(file.path(), Bytes(static_cast<std::size_t>(layout.recLen * (kRecords + 1) - 1), ' '));
-  const auto store = FlatRecordStore::open(shared, files, application, englishLocale(), {file.path()});
+  const auto store = FlatRecordStore::open(shared, files, application, englishLocale(), {.path = file.path()});
   if (!store) std::abort();
   const RecordKey key = *keyOf(application, layout, {FocusKind::field, 1 + data[0] % 4});
   const Bytes index(data + 1, data + size);

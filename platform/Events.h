@@ -12,8 +12,14 @@ struct MouseEvent {
   int x = 0, y = 0;    // pixels in the receiver's client area
 };
 
+// Virtual key codes. Letters and digits are the codes of their capital characters.
+inline constexpr int kEnterKey = 13, kPauseKey = 19, kEscapeKey = 27, kSpaceKey = 32, kPageUpKey = 33,
+                     kPageDownKey = 34, kEndKey = 35, kHomeKey = 36, kLeftKey = 37, kUpKey = 38,
+                     kRightKey = 39, kDownKey = 40, kInsertKey = 45, kDeleteKey = 46, kF1Key = 112,
+                     kF2Key = 113, kF4Key = 115, kF5Key = 116, kF9Key = 120, kF12Key = 123;
+
 struct KeyEvent {
-  int key = 0;  // virtual key code (13 Enter, 19 Pause, 33 PageUp, 38 Up, 40 Down, 45 Insert, 112.. F1..)
+  int key = 0;  // virtual key code
   unsigned shift = 0;
 };
 

@@ -11,7 +11,6 @@ namespace {
 using D = DesignerController;
 using MenuPlace::align, MenuPlace::edit, MenuPlace::moveToPage;
 
-constexpr int kDelete = 46, kF2 = 113, kF4 = 115;
 constexpr int kLabelCopy = 117, kLabelCut = 119, kLabelPaste = 120;
 
 bool anySelected(const D& d, int) { return d.surface().hasSelection(); }
@@ -49,7 +48,7 @@ std::span<const CommandRow> editCommands() {
       {Command::copy, edit, kLabelCopy, "&Copy", "Ctrl+C", {'C', kCtrl}, [](D& d, int) { d.surface().copy(); }, false, 1,
        nullptr, anySelected},
       {Command::paste, edit, kLabelPaste, "&Paste", "Ctrl+V", {'V', kCtrl}, [](D& d, int) { d.surface().paste(); }},
-      {Command::remove, edit, 115, "&Delete selected object...", "Del", {kDelete, 0},
+      {Command::remove, edit, 115, "&Delete selected object...", "Del", {kDeleteKey, 0},
        [](D& d, int) { d.surface().remove(); }, false, 1, nullptr, anySelected},
       {Command::selectArea, edit, 0, "&Select Area", "Ctrl+R", {'R', kCtrl}, [](D& d, int) { d.selectArea(); }, true, 1,
        nullptr, nullptr, [](const D& d, int) { return d.surface().state().selKind == kSelArea; }},
@@ -57,9 +56,9 @@ std::span<const CommandRow> editCommands() {
       {Command::none, edit, 0, "Al&ign", "", {}, nullptr, true, 1, nullptr,
        [](const D& d, int) { return canAlign(d, 0); }, nullptr, align},
       {Command::none, edit, 0, "&Move to Page", "", {}, nullptr, false, 1, nullptr, anySelected, nullptr, moveToPage},
-      {Command::editLabel, edit, 0, "&Edit Text", "F2", {kF2, 0}, [](D& d, int) { d.editLabel(); }, false, 1, nullptr,
+      {Command::editLabel, edit, 0, "&Edit Text", "F2", {kF2Key, 0}, [](D& d, int) { d.editLabel(); }, false, 1, nullptr,
        [](const D& d, int) { return d.surface().state().selKind == kindInfo(ObjectKind::Title).selKind; }},
-      {Command::focusPanel, edit, 0, "P&roperties", "F4", {kF4, 0}, [](D& d, int) { d.focusPanel(); }},
+      {Command::focusPanel, edit, 0, "P&roperties", "F4", {kF4Key, 0}, [](D& d, int) { d.focusPanel(); }},
       {Command::lock, edit, 111, "Loc&k Controls...", "Ctrl+L", {'L', kCtrl}, [](D& d, int) { d.surface().toggleLock(); },
        true, 1, nullptr, nullptr, [](const D& d, int) { return d.surface().state().locked; }},
       {Command::align, align, 0, "", "", {},

@@ -12,7 +12,6 @@ using D = DesignerController;
 using MenuPlace::file, MenuPlace::help, MenuPlace::language, MenuPlace::test;
 
 constexpr unsigned kCtrlShift = kCtrl | kShift;
-constexpr int kF1 = 112, kF5 = 116, kF9 = 120;
 
 std::string numbered(int index, const std::string& text) {
   return "&" + std::to_string(index + 1) + " " + menuText(text);
@@ -62,19 +61,19 @@ std::span<const CommandRow> fileCommands() {
       {Command::open, file, 153, "&Open...", "Ctrl+O", {'O', kCtrl}, [](D& d, int) { d.open(); }},
       {Command::save, file, 155, "&Save", "Ctrl+S", {'S', kCtrl}, [](D& d, int) { d.save(); }},
       {Command::saveAs, file, 156, "Save &As...", "Ctrl+Shift+S", {'S', kCtrlShift}, [](D& d, int) { d.saveAs(); }},
-      {Command::createApplication, file, 179, "Create &Application...", "F9", {kF9, 0},
+      {Command::createApplication, file, 179, "Create &Application...", "F9", {kF9Key, 0},
        [](D& d, int) { d.createApplication(); }, true},
       {Command::fileProperties, file, 0, "File &Properties...", "", {}, [](D& d, int) { d.fileProperties(); }},
       {Command::openExample, file, 0, "", "", {}, [](D& d, int i) { d.openExample(i); }, true, 10, exampleText},
       {Command::recent, file, 0, "", "", {}, [](D& d, int i) { d.openRecent(i + 1); }, true, kRecentFiles, recentText},
       {Command::exit, file, 157, "E&xit", "Alt+F4", {}, [](D& d, int) { d.exit(); }, true},
-      {Command::tryProject, test, 0, "&Test Application", "F5", {kF5, 0}, [](D& d, int) { d.tryProject(); }},
+      {Command::tryProject, test, 0, "&Test Application", "F5", {kF5Key, 0}, [](D& d, int) { d.tryProject(); }},
       {Command::testTemplate, test, 0, "", "", {}, [](D& d, int) { d.tryProject(); }, true, 10, templateText},
       {Command::testScript, test, 0, "", "", {}, [](D& d, int) { d.tryProject(); }, false, 1, scriptText},
       {Command::language, language, 0, "", "", {}, [](D& d, int i) { d.chooseLanguage(i); }, false, 99, languageText,
        nullptr, isChosenLanguage},
       {Command::commonLabels, language, 176, "Common Labels...", "", {}, [](D& d, int) { d.commonLabels(); }, true},
-      {Command::help, help, 373, "&Contents", "F1", {kF1, 0}, [](D& d, int) { d.help(); }, false, 1, nullptr,
+      {Command::help, help, 373, "&Contents", "F1", {kF1Key, 0}, [](D& d, int) { d.help(); }, false, 1, nullptr,
        [](const D& d, int) { return d.helpThere(); }},
       {Command::about, help, 0, "&About Plinth...", "", {}, [](D& d, int) { d.about(); }},
   };

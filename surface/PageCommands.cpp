@@ -20,7 +20,6 @@ constexpr auto kUnitNames =
     std::to_array<const char*>({"&Pixels", "&Inches", "&Millimeters", "&Centimeters"});
 constexpr auto kTiles = std::to_array<const char*>({"&Whole Page", "&Left Edge", "&Top Edge", "&None"});
 constexpr int kPaperEntries = 18, kPortrait = 19, kLandscape = 20, kCustom = 22;
-constexpr int kPageUp = 33, kPageDown = 34;
 
 std::string toolText(const D& d, int i) {
   const ToolInfo& tool = toolInfos()[static_cast<std::size_t>(i)];
@@ -89,9 +88,9 @@ std::span<const CommandRow> pageCommands() {
   static constexpr CommandRow rows[] = {
       {Command::page, page, 0, "", "", {}, [](D& d, int i) { d.showPage(i); }, false, kPages, pageText, nullptr,
        [](const D& d, int i) { return d.surface().state().currentPage == i; }},
-      {Command::nextPage, page, 0, "&Next Page", "Ctrl+PageDown", {kPageDown, kCtrl}, [](D& d, int) { d.showNextPage(1); },
+      {Command::nextPage, page, 0, "&Next Page", "Ctrl+PageDown", {kPageDownKey, kCtrl}, [](D& d, int) { d.showNextPage(1); },
        true},
-      {Command::previousPage, page, 0, "&Previous Page", "Ctrl+PageUp", {kPageUp, kCtrl},
+      {Command::previousPage, page, 0, "&Previous Page", "Ctrl+PageUp", {kPageUpKey, kCtrl},
        [](D& d, int) { d.showNextPage(-1); }},
       {Command::namePage, page, 0, "Na&me of Page...", "", {}, [](D& d, int) { d.namePage(); }},
       {Command::none, page, 132, "Page &Size...", "", {}, nullptr, true, 1, nullptr, nullptr, nullptr, paper},

@@ -13,7 +13,6 @@ namespace plinth {
 
 namespace {
 
-constexpr int kEnter = 13, kEscape = 27, kLeftKey = 37, kUpKey = 38, kRightKey = 39, kDownKey = 40, kF2 = 113;
 constexpr int kFarStep = 10;  // pixels without a grid
 
 // Where an edge comes by a step of an arrow key: it stops at the page's sides and starts from within only.
@@ -45,12 +44,12 @@ bool PageEditor::keyDown(const KeyEvent& event) {
       return nudge(0, -1, far);
     case kDownKey:
       return nudge(0, 1, far);
-    case kEscape:
+    case kEscapeKey:
       return escape();
-    case kEnter:
+    case kEnterKey:
       if (const auto carried = carriedObject()) return putDown(*carried), true;
       return false;
-    case kF2:
+    case kF2Key:
       editLabel();
       return c_.state.editedTitle >= 0;
     default:

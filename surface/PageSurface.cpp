@@ -17,8 +17,6 @@ constexpr int kTabStrip = 34, kTabTop = 7, kTabHeight = 27, kTabGap = 3, kTabLef
               kTabLeast = 64;
 constexpr int kMargin = 18, kLineStep = 24;
 constexpr int kOverlayMargin = 12;  // how far handles and markers reach around an object
-constexpr int kPageUp = 33, kPageDown = 34, kEnd = 35, kHome = 36, kLeft = 37, kUp = 38, kRight = 39,
-              kDown = 40;
 
 int keyOf(ItemRef ref) {
   constexpr int kIndices = 1 << 16;
@@ -221,33 +219,33 @@ void PageSurface::wheel(int lines, unsigned shift) {
 bool PageSurface::keyDown(const KeyEvent& event) {
   const int screen = std::max(kLineStep, vertical_.view - kLineStep);
   if ((event.shift & kCtrl) != 0) {
-    if (event.key == kHome) scrollTo(0, 0);
-    if (event.key == kEnd) scrollTo(horizontal_.most(), vertical_.most());
-    return event.key == kHome || event.key == kEnd;
+    if (event.key == kHomeKey) scrollTo(0, 0);
+    if (event.key == kEndKey) scrollTo(horizontal_.most(), vertical_.most());
+    return event.key == kHomeKey || event.key == kEndKey;
   }
   switch (event.key) {
-    case kPageUp:
+    case kPageUpKey:
       scrollBy(0, -screen);
       return true;
-    case kPageDown:
+    case kPageDownKey:
       scrollBy(0, screen);
       return true;
-    case kHome:
+    case kHomeKey:
       scrollTo(0, vertical_.value);
       return true;
-    case kEnd:
+    case kEndKey:
       scrollTo(horizontal_.most(), vertical_.value);
       return true;
-    case kLeft:
+    case kLeftKey:
       scrollBy(-kLineStep, 0);
       return true;
-    case kRight:
+    case kRightKey:
       scrollBy(kLineStep, 0);
       return true;
-    case kUp:
+    case kUpKey:
       scrollBy(0, -kLineStep);
       return true;
-    case kDown:
+    case kDownKey:
       scrollBy(0, kLineStep);
       return true;
     default:

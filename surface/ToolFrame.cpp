@@ -12,7 +12,7 @@ namespace plinth {
 
 namespace {
 
-constexpr int kLeft = 1, kEscape = 27;
+constexpr int kLeft = 1;
 constexpr int kLeast = 1;             // of left and top
 constexpr PointPx kHiddenAt{2, 184};  // as new projects have it
 constexpr int kBoxHigh = 20;
@@ -154,7 +154,7 @@ void ToolFrame::endGesture() {
 
 bool ToolFrame::keyDown(const KeyEvent& event) {
   if (!held_) return false;
-  if (event.key != kEscape) return true;
+  if (event.key != kEscapeKey) return true;
   held_ = false;
   c_.document.frame3Left = leftBefore_;
   c_.document.frame3Top = topBefore_;

@@ -8,20 +8,7 @@ namespace plinth {
 
 namespace {
 
-enum Key : int {
-  kEnter = 13,
-  kSpace = 32,
-  kPageUp = 33,
-  kPageDown = 34,
-  kEnd = 35,
-  kHome = 36,
-  kLeft = 37,
-  kUp = 38,
-  kRight = 39,
-  kDown = 40,
-  kLetterA = 65
-};
-
+constexpr int kLetterA = 65;
 constexpr int kEdgeReach = 4;                 // pixels on both sides of a column's edge that take hold of it
 constexpr std::uint32_t kTypingPause = 1000;  // milliseconds
 constexpr std::int32_t kMostTried = 100000;
@@ -75,17 +62,17 @@ bool ListModel::toggleCaret() {
 std::optional<std::int64_t> ListModel::keyTarget(int key) const {
   const std::int64_t last = std::int64_t{first_} + rowsInView() - 1;
   switch (key) {
-    case kUp:
+    case kUpKey:
       return std::int64_t{caret_} - 1;
-    case kDown:
+    case kDownKey:
       return std::int64_t{caret_} + 1;
-    case kPageUp:  // to the edge of what is seen first, then by pages
+    case kPageUpKey:  // to the edge of what is seen first, then by pages
       return caret_ > first_ && caret_ <= last ? first_ : std::int64_t{caret_} - rowsInView();
-    case kPageDown:
+    case kPageDownKey:
       return caret_ >= first_ && caret_ < last ? last : std::int64_t{caret_} + rowsInView();
-    case kHome:
+    case kHomeKey:
       return 0;
-    case kEnd:
+    case kEndKey:
       return std::int64_t{rows_} - 1;
     default:
       return std::nullopt;
@@ -95,7 +82,7 @@ std::optional<std::int64_t> ListModel::keyTarget(int key) const {
 // The keys of a list with marks.
 std::optional<ListOutcome> ListModel::markingKey(const KeyEvent& event) {
   ListOutcome out{.handled = true};
-  if (event.key == kSpace) {
+  if (event.key == kSpaceKey) {
     out.selectionChanged = toggleCaret();
     reveal(std::max(0, caret_));
     return out;
@@ -118,11 +105,11 @@ ListOutcome ListModel::key(const KeyEvent& event) {
   }
   if (mSelect_)
     if (const auto marked = markingKey(event)) return *marked;
-  if (event.key == kLeft || event.key == kRight) {
-    setOffset(offset_ + (event.key == kLeft ? -kOffsetStep : kOffsetStep));
+  if (event.key == kLeftKey || event.key == kRightKey) {
+    setOffset(offset_ + (event.key == kLeftKey ? -kOffsetStep : kOffsetStep));
     return out;
   }
-  if (event.key != kEnter) return {};
+  if (event.key != kEnterKey) return {};
   out.chosen = rows_ > 0;
   return out;
 }

@@ -3,25 +3,25 @@
 
 #include <algorithm>
 
+#include "platform/Events.h"
+
 namespace plinth {
 
 namespace {
 
 constexpr int kLeastThumb = 12;  // pixels; less cannot be caught with the mouse
-constexpr int kPageUp = 33, kPageDown = 34, kEnd = 35, kHome = 36, kLeft = 37, kUp = 38, kRight = 39,
-              kDown = 40;
 
 RepeatMode modeOfKey(int key) {
   switch (key) {
-    case kPageUp:
+    case kPageUpKey:
       return RepeatMode::pageBack;
-    case kPageDown:
+    case kPageDownKey:
       return RepeatMode::pageForward;
-    case kUp:
-    case kLeft:
+    case kUpKey:
+    case kLeftKey:
       return RepeatMode::stepBack;
-    case kDown:
-    case kRight:
+    case kDownKey:
+    case kRightKey:
       return RepeatMode::stepForward;
     default:
       return RepeatMode::none;
@@ -171,10 +171,10 @@ bool ScrollBarModel::keyDown(int key) {
 }
 
 std::optional<ScrollCode> ScrollBarModel::jump(int key) {
-  if ((key != kHome && key != kEnd) || !movable() || dragging_) return std::nullopt;
-  const bool lowest = (key == kHome) == lowToHigh_;
+  if ((key != kHomeKey && key != kEndKey) || !movable() || dragging_) return std::nullopt;
+  const bool lowest = (key == kHomeKey) == lowToHigh_;
   if (!moveTo(lowest ? values_.valueMin : values_.valueMax)) return std::nullopt;
-  return key == kHome ? ScrollCode::start : ScrollCode::end;
+  return key == kHomeKey ? ScrollCode::start : ScrollCode::end;
 }
 
 std::optional<ScrollCode> ScrollBarModel::keyUp() { return dragging_ ? std::nullopt : release(); }

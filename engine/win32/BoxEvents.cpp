@@ -196,11 +196,18 @@ void BoxWindows::comboNotice(int n, int notice, HWND control) {
   showCombo(n);
 }
 
-// A button takes no second click while its script runs, which costs it the keyboard.
+// A button takes no second click while its script runs, which costs it the keyboard. After one that begins a
+// record the first box is ready for typing.
 void BoxWindows::clicked(int button, HWND control) {
+  const RecordSession& session = host_.session();
+  const std::int32_t before = session.curRec();
   host_.act([&] { host_.session().commandClick(button); });
   const HWND root = ::GetAncestor(control, GA_ROOT), focus = ::GetFocus();
-  if ((!focus || focus == root) && ::GetActiveWindow() == root) ::SetFocus(control);
+  const bool kept = focus == control || !focus || focus == root;
+  if (!kept || ::GetActiveWindow() != root) return;
+  const std::vector<HWND> stops = tabStops();
+  const bool begun = session.newEntry() && session.curRec() != before && !stops.empty();
+  ::SetFocus(begun ? stops.front() : control);
 }
 
 bool BoxWindows::clickFocusedButton() const {

@@ -48,6 +48,7 @@ class EngineWindow : public Window, public EngineView, private EngineHost {
 
   // EngineView.
   void fieldChanged(int n) override { boxes_->showField(n); }
+  void entryRefused(int) override { ::MessageBeep(MB_OK); }
   void comboChanged(int n) override { boxes_->showCombo(n); }
   void memoChanged(int n) override { boxes_->showMemo(n); }
   void checkChanged(int n) override { boxes_->showCheck(n); }

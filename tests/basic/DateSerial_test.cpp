@@ -164,13 +164,13 @@ TEST(DateSerial, ReadsWhatPeopleType) {
                 {"12am", "1899-12-30 00:00:00", "1899-12-30 00:00:00"},
                 {"3/4/2024 5 p", "2024-03-04 17:00:00", "2024-04-03 17:00:00"},
                 {"7:30 1/2/2024", "2024-01-02 07:30:00", "2024-02-01 07:30:00"}};
+  const auto shown = [](const char* text, const Locale& locale) {
+    const auto serial = readDate(text, locale, kToday);
+    return serial ? formatDate(*serial, "yyyy-mm-dd hh:nn:ss", englishLocale()) : "";
+  };
   for (const auto& [text, english, inGerman] : kCases) {
-    const auto shown = [&](const Locale& locale) {
-      const auto serial = readDate(text, locale, kToday);
-      return serial ? formatDate(*serial, "yyyy-mm-dd hh:nn:ss", englishLocale()) : "";
-    };
-    EXPECT_EQ(shown(Locale()), english) << text;
-    EXPECT_EQ(shown(german()), inGerman) << text;
+    EXPECT_EQ(shown(text, Locale()), english) << text;
+    EXPECT_EQ(shown(text, german()), inGerman) << text;
   }
 }
 

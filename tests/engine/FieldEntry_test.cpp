@@ -69,6 +69,7 @@ TEST(FieldEntry, LeavingABoxFormatsWhatWasTyped) {
     const EnteredField got =
         enterField(makeApplication(p), 1, c.typed, {"before", 7}, kTestNow, englishLocale());
     EXPECT_EQ(got.text, c.shown) << c.kind << " " << c.typed;
+    EXPECT_EQ(got.taken, got.text != "before") << c.kind << " " << c.typed;
     EXPECT_NEAR(got.date, c.date, 1e-9) << c.kind << " " << c.typed;
   }
 }

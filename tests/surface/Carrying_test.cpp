@@ -118,7 +118,7 @@ TEST_F(PageEditorTest, EscapeTakesTheCarriedObjectBack) {
   move({300, 200});
   press({300, 200});
   dragTo({400, 200});
-  EXPECT_TRUE(key(27));
+  EXPECT_TRUE(key(kEscapeKey));
   EXPECT_EQ(d.document.fieldCount(), 0);
   EXPECT_FALSE(d.state.placingActive);
   EXPECT_EQ(d.state.selKind, kSelNone);
@@ -129,20 +129,20 @@ TEST_F(PageEditorTest, EscapeTakesTheCarriedObjectBack) {
   const ObjectRef memo = carried(Memo, {10, 10, 150, 60});
   d.document.memos.back().tag = "Notes";
   finish(d.context, "name of M2");
-  EXPECT_TRUE(key(27));
+  EXPECT_TRUE(key(kEscapeKey));
   EXPECT_TRUE(isLive(d.document, memo));
   EXPECT_TRUE(isHidden(d.state, memo));
-  EXPECT_FALSE(key(27)) << "nothing is left to give up";
+  EXPECT_FALSE(key(kEscapeKey)) << "nothing is left to give up";
 }
 
 TEST_F(PageEditorTest, KeysPutACarriedObjectDownWhereItIs) {
   const ObjectRef first = carried(Field, {10, 10, 150, 21});
-  EXPECT_TRUE(key(13));
+  EXPECT_TRUE(key(kEnterKey));
   EXPECT_FALSE(d.state.placingActive);
   EXPECT_EQ(d.place(first), (RectPx{10, 10, 150, 21}));
-  EXPECT_FALSE(key(13));
+  EXPECT_FALSE(key(kEnterKey));
   const ObjectRef second = carried(Field, {10, 10, 150, 21});
-  EXPECT_TRUE(key(39));
+  EXPECT_TRUE(key(kRightKey));
   EXPECT_EQ(d.place(second), (RectPx{11, 10, 150, 21}));
   EXPECT_EQ(d.history.undoWords(), "move of F2");
 }

@@ -42,8 +42,8 @@ void layOutContacts(Hands& h) {
   label(300, 58, "Notes");
   h.place(Tool::memo, 298, 78);
   h.place(Tool::button, 298, 248);
-  h.drag(340, 260, 400, 280);                  // by its middle
-  h.key(38, 0);                                // one up
+  h.drag(340, 260, 400, 280);  // by its middle
+  h.key(kUpKey, 0);
   h.command(static_cast<int>(Command::undo));  // and back
   h.place(Tool::line, 18, 48);
   // The memo grows by its lower right corner.

@@ -50,7 +50,7 @@ TEST_F(DesignerControllerTest, EveryMenuEntryRunsAndKeysReachTheSameCommands) {
   EXPECT_TRUE(window.ended);
   EXPECT_FALSE(runCommand(designer, 1));
   designer.showPage(0);
-  EXPECT_TRUE(designer.keyDown({.key = 34, .shift = kCtrl}));
+  EXPECT_TRUE(designer.keyDown({.key = kPageDownKey, .shift = kCtrl}));
   EXPECT_EQ(designer.surface().state().currentPage, 1);
   EXPECT_EQ(commandOfKey({'S', kCtrl | kShift}), static_cast<int>(Command::saveAs));
   EXPECT_EQ(commandOfKey({'S', 0}), 0);

@@ -4,8 +4,6 @@
 namespace plinth {
 namespace {
 
-constexpr int kEscape = 27;
-
 RectPx placeOnPage(const ProjectDocument& document, ObjectRef object) {
   return placeOf(document, object, [](std::string_view, const FontSpec&) { return SizePx{}; });
 }
@@ -34,7 +32,7 @@ TEST_F(DesignerFixture, CommandsReleaseWhatTheMouseHolds) {
     const ProjectTables after = document();
     const std::string step = designer.surface().history().undoWords();
     move(300, 300, 1);
-    designer.keyDown({kEscape, 0});
+    designer.keyDown({kEscapeKey, 0});
     release(300, 300);
     EXPECT_EQ(document().fields, after.fields) << c.name;
     EXPECT_EQ(designer.surface().history().undoWords(), step) << c.name;
@@ -54,7 +52,7 @@ TEST_F(DesignerFixture, NothingIsCutThatCouldNotBeCopied) {
 
 TEST_F(DesignerFixture, GivingUpAnObjectWithItsOwnSlotTakesNothingElse) {
   const auto giveUps = {std::function([this] {
-                          designer.keyDown({kEscape, 0});
+                          designer.keyDown({kEscapeKey, 0});
                         }),
                         std::function([this] { command(Command::undo); })};
   const ObjectRef box{ObjectKind::Memo, 1};

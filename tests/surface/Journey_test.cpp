@@ -88,7 +88,7 @@ TEST_F(Journey, FormulasFollowADeletedField) {
   designer.surface().finished("formulas");
   click(40, 90);  // field 3
   EXPECT_EQ(designer.surface().selectionWords(), "F3 Field3");
-  key(46, 0);
+  key(kDeleteKey, 0);
   ASSERT_EQ(document().fieldCount(), 4);
   EXPECT_EQ(document().fields[4].formula, "=F3+F2*F3");
   EXPECT_EQ(document().fields[1].formula, "=SUM(F1:F4)");

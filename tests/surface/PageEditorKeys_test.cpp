@@ -8,8 +8,6 @@ namespace {
 
 using enum ObjectKind;
 
-constexpr int kLeft = 37, kUp = 38, kRight = 39, kDown = 40;
-
 TEST_F(PageEditorTest, ArrowsMoveWithinThePage) {
   const struct {
     PointPx from;
@@ -18,13 +16,13 @@ TEST_F(PageEditorTest, ArrowsMoveWithinThePage) {
     int grid;
     PointPx to;
   } cases[] = {
-      {{100, 100}, kLeft, 0, 0, {99, 100}},        {{100, 100}, kRight, 0, 0, {101, 100}},
-      {{100, 100}, kUp, 0, 0, {100, 99}},          {{100, 100}, kDown, 0, 0, {100, 101}},
-      {{0, 100}, kLeft, 0, 0, {0, 100}},           {{100, 0}, kUp, 0, 0, {100, 0}},
-      {{639, 100}, kRight, 0, 0, {640, 100}},      {{640, 100}, kRight, 0, 0, {640, 100}},
-      {{100, 480}, kDown, 0, 0, {100, 480}},       {{100, 100}, kRight, 0, 20, {101, 100}},
-      {{100, 100}, kRight, kShift, 0, {110, 100}}, {{100, 100}, kDown, kShift, 15, {100, 115}},
-      {{4, 100}, kLeft, kShift, 0, {0, 100}},      {{700, 100}, kLeft, 0, 0, {699, 100}},
+      {{100, 100}, kLeftKey, 0, 0, {99, 100}},        {{100, 100}, kRightKey, 0, 0, {101, 100}},
+      {{100, 100}, kUpKey, 0, 0, {100, 99}},          {{100, 100}, kDownKey, 0, 0, {100, 101}},
+      {{0, 100}, kLeftKey, 0, 0, {0, 100}},           {{100, 0}, kUpKey, 0, 0, {100, 0}},
+      {{639, 100}, kRightKey, 0, 0, {640, 100}},      {{640, 100}, kRightKey, 0, 0, {640, 100}},
+      {{100, 480}, kDownKey, 0, 0, {100, 480}},       {{100, 100}, kRightKey, 0, 20, {101, 100}},
+      {{100, 100}, kRightKey, kShift, 0, {110, 100}}, {{100, 100}, kDownKey, kShift, 15, {100, 115}},
+      {{4, 100}, kLeftKey, kShift, 0, {0, 100}},      {{700, 100}, kLeftKey, 0, 0, {699, 100}},
   };
   for (const auto& c : cases) {
     const ObjectRef field = d.add(Field, {c.from.x, c.from.y, 100, 21});
@@ -38,14 +36,14 @@ TEST_F(PageEditorTest, ArrowsMoveWithinThePage) {
 TEST_F(PageEditorTest, NudgesAreOneStep) {
   const ObjectRef line = d.add(Line, {100, 100, 50, 20});
   d.settle();
-  EXPECT_FALSE(key(kLeft)) << "nothing is selected";
+  EXPECT_FALSE(key(kLeftKey)) << "nothing is selected";
   editor.selectObject(line);
-  for (int i = 0; i < 3; ++i) key(kRight);
-  key(kDown);
+  for (int i = 0; i < 3; ++i) key(kRightKey);
+  key(kDownKey);
   EXPECT_EQ(ends(line), (RectPx{103, 101, 50, 20}));
   EXPECT_EQ(d.history.steps(), 1u);
   EXPECT_EQ(d.history.undoWords(), "move of Line 1");
-  EXPECT_FALSE(key(kRight, kCtrl)) << "left to the commands";
+  EXPECT_FALSE(key(kRightKey, kCtrl)) << "left to the commands";
   EXPECT_FALSE(key(65));
 }
 
@@ -83,13 +81,13 @@ TEST_F(PageEditorTest, ThePadMovesByUnitsWithinThePage) {
 TEST_F(PageEditorTest, KeysAndPadMoveTheWholeArea) {
   const ObjectRef field = d.add(Field, {100, 100, 100, 21}), line = d.add(Line, {100, 200, 50, 0});
   d.settle();
-  EXPECT_FALSE(key(kRight));
+  EXPECT_FALSE(key(kRightKey));
   area.show({field, line});
-  EXPECT_TRUE(key(kRight));
+  EXPECT_TRUE(key(kRightKey));
   editor.pad(0, 1, true);
   EXPECT_EQ(cornerOf(d.document, field), (PointPx{101, 110}));
   EXPECT_EQ(ends(line), (RectPx{101, 210, 50, 0}));
-  EXPECT_TRUE(key(27));
+  EXPECT_TRUE(key(kEscapeKey));
   EXPECT_FALSE(area.active());
 }
 
@@ -114,7 +112,7 @@ TEST_F(PageEditorTest, TabWalksThePage) {
   EXPECT_EQ(selectedObject(d.state, d.document), memo);
   editor.selectNext(-1);
   EXPECT_EQ(selectedObject(d.state, d.document), square);
-  EXPECT_TRUE(key(27));
+  EXPECT_TRUE(key(kEscapeKey));
   editor.selectNext(-1);
   EXPECT_EQ(selectedObject(d.state, d.document), square);
 }

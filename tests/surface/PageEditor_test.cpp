@@ -184,7 +184,7 @@ TEST_F(PageEditorTest, EscapePutsADraggedObjectBack) {
   const ProjectDocument before = d.document;
   press({110, 110}, hitOf(field));
   dragTo({300, 300});
-  EXPECT_TRUE(key(27));
+  EXPECT_TRUE(key(kEscapeKey));
   release({300, 300});
   EXPECT_EQ(d.document.fields, before.fields);
   EXPECT_FALSE(d.history.canUndo());
@@ -202,7 +202,7 @@ TEST_F(PageEditorTest, LockedObjectsAreSelectedOnly) {
   EXPECT_EQ(selectedObject(d.state, d.document), field);
   drag(line, {310, 300}, {200, 200});
   EXPECT_EQ(selectedObject(d.state, d.document), line);
-  EXPECT_FALSE(key(39));
+  EXPECT_FALSE(key(kRightKey));
   editor.pad(1, 0, false);
   EXPECT_FALSE(d.history.canUndo());
 }
@@ -223,14 +223,14 @@ TEST_F(PageEditorTest, LabelsAreTypedInPlaceAfterTheirRelease) {
   EXPECT_EQ(d.history.undoWords(), "typing in L6");
   editor.endLabel();
   EXPECT_EQ(d.state.editedTitle, -1);
-  EXPECT_TRUE(key(113));
+  EXPECT_TRUE(key(kF2Key));
   editor.typeLabel("Town");
   EXPECT_EQ(d.history.steps(), 2u);
   press({400, 400});
   EXPECT_EQ(d.state.editedTitle, -1);
   editor.typeLabel("Lost");
   EXPECT_EQ(d.document.titles.back().caption, "Town");
-  EXPECT_FALSE(key(113)) << "no label is selected";
+  EXPECT_FALSE(key(kF2Key)) << "no label is selected";
 }
 
 TEST_F(PageEditorTest, LabelsOffThePageAreHidden) {

@@ -6,8 +6,6 @@
 namespace plinth {
 namespace {
 
-constexpr int kEscape = 27, kLeftKey = 37, kUpKey = 38, kRightKey = 39, kDownKey = 40;
-
 class ToolFrameTest : public DesignerFixture {
  protected:
   void SetUp() override {
@@ -87,7 +85,7 @@ TEST_F(ToolFrameTest, IsDraggedAsOneStepAndStaysWithinTheLeftTopCorner) {
 TEST_F(ToolFrameTest, LetsGoOfADragThatIsCutOff) {
   press(20, 190);
   move(80, 190, 1);
-  EXPECT_TRUE(key(kEscape));
+  EXPECT_TRUE(key(kEscapeKey));
   move(90, 190, 1);
   release(90, 190);
   EXPECT_EQ(at(), "2 184");

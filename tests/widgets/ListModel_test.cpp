@@ -11,8 +11,7 @@ namespace {
 
 using Rows = std::vector<std::int32_t>;
 
-constexpr int kEnterKey = 13, kSpaceKey = 32, kPageUpKey = 33, kPageDownKey = 34, kEndKey = 35, kHomeKey = 36,
-              kUpKey = 38, kDownKey = 40, kLetterA = 65;
+constexpr int kLetterA = 65;
 
 // As many rows as one likes, made up when they are asked for.
 struct Numbers : ListSource {

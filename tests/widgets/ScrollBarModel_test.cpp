@@ -5,10 +5,10 @@
 
 #include <limits>
 
+#include "platform/Events.h"
+
 namespace plinth {
 namespace {
-
-constexpr int kPageDownKey = 34, kHomeKey = 36, kDownKey = 40;
 
 // 0 to 100 by 5 and 1, 200 pixels long, the thumb begins between 17 and 183 - 12.
 ScrollBarModel bar(ScrollValues values = {}) {
