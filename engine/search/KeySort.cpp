@@ -14,11 +14,54 @@ namespace {
 constexpr std::size_t kKeyBytes = 8;
 constexpr std::size_t kDigitBits = 11, kDigits = 6;
 constexpr std::size_t kFewKeys = 2048;  // below, comparing is quicker than counting
+constexpr std::size_t kKeysPerQuestion = 1 << 16;
 
 using Counts = std::array<std::array<std::uint32_t, 1 << kDigitBits>, kDigits>;
 
+// Asks whether to go on once enough keys were moved.
+class Questions {
+ public:
+  explicit Questions(const std::function<bool()>& goOn) : goOn_(goOn) {}
+  bool afterMoving(std::size_t keys) {
+    moved_ += keys;
+    if (moved_ < kKeysPerQuestion) return true;
+    moved_ = 0;
+    return goOn_();
+  }
+
+ private:
+  const std::function<bool()>& goOn_;
+  std::size_t moved_ = 0;
+};
+
 std::size_t digitOf(const PlacedKey& key, std::size_t digit) {
   return (key.key >> (kDigitBits * digit)) & ((1 << kDigitBits) - 1);
+}
+
+// Ascending by key. REQUIRES equal keys in ascending places; they keep their order. scratch: room for as many
+// elements, their values are lost.
+bool sortKeys(std::span<PlacedKey> keys, std::span<PlacedKey> scratch, Questions& questions) {
+  if (keys.size() < kFewKeys) {
+    std::sort(keys.begin(), keys.end(), [](const PlacedKey& a, const PlacedKey& b) {
+      return a.key < b.key || (a.key == b.key && a.place < b.place);
+    });
+    return questions.afterMoving(keys.size());
+  }
+  Counts counts{};
+  for (const PlacedKey& key : keys)
+    for (std::size_t digit = 0; digit < kDigits; ++digit) ++counts[digit][digitOf(key, digit)];
+  std::span<PlacedKey> from = keys, to = scratch.first(keys.size());
+  for (std::size_t digit = 0; digit < kDigits; ++digit) {
+    auto& starts = counts[digit];
+    if (starts[digitOf(keys[0], digit)] == keys.size()) continue;  // the same in all
+    std::uint32_t start = 0;
+    for (std::uint32_t& count : starts) start += std::exchange(count, start);
+    for (const PlacedKey& key : from) to[starts[digitOf(key, digit)]++] = key;
+    std::swap(from, to);
+    if (!questions.afterMoving(keys.size())) return false;
+  }
+  if (from.data() != keys.data()) std::copy(from.begin(), from.end(), keys.begin());
+  return true;
 }
 
 // Eight bytes as a number, the first the most significant.
@@ -28,17 +71,19 @@ std::uint64_t bigBits(const std::uint8_t* bytes) {
   return bits;
 }
 
-void sortTextsFrom(std::span<PlacedKey> keys, std::span<PlacedKey> scratch, const std::uint8_t* texts,
-                   std::size_t width, std::size_t from) {
+bool sortTextsFrom(std::span<PlacedKey> keys, std::span<PlacedKey> scratch, const std::uint8_t* texts,
+                   std::size_t width, std::size_t from, Questions& questions) {
   for (PlacedKey& key : keys) key.key = bigBits(texts + key.place * width + from);
-  sortPlaced(keys, scratch);
-  if (from + kKeyBytes >= width) return;
+  if (!sortKeys(keys, scratch, questions)) return false;
+  if (from + kKeyBytes >= width) return true;
   for (std::size_t first = 0, last = 0; first < keys.size(); first = last) {
     while (last < keys.size() && keys[last].key == keys[first].key) ++last;
     const std::size_t count = last - first;
-    if (count > 1)
-      sortTextsFrom(keys.subspan(first, count), scratch.first(count), texts, width, from + kKeyBytes);
+    if (count > 1 && !sortTextsFrom(keys.subspan(first, count), scratch.first(count), texts, width,
+                                    from + kKeyBytes, questions))
+      return false;
   }
+  return true;
 }
 
 // Knuth's gaps, the largest first; false from pass(gap) stops.
@@ -124,31 +169,11 @@ class RankPasses {
 
 }  // namespace
 
-void sortPlaced(std::span<PlacedKey> keys, std::span<PlacedKey> scratch) {
-  if (keys.size() < kFewKeys) {
-    std::sort(keys.begin(), keys.end(), [](const PlacedKey& a, const PlacedKey& b) {
-      return a.key < b.key || (a.key == b.key && a.place < b.place);
-    });
-    return;
-  }
-  Counts counts{};
-  for (const PlacedKey& key : keys)
-    for (std::size_t digit = 0; digit < kDigits; ++digit) ++counts[digit][digitOf(key, digit)];
-  std::span<PlacedKey> from = keys, to = scratch.first(keys.size());
-  for (std::size_t digit = 0; digit < kDigits; ++digit) {
-    auto& starts = counts[digit];
-    if (starts[digitOf(keys[0], digit)] == keys.size()) continue;  // the same in all
-    std::uint32_t start = 0;
-    for (std::uint32_t& count : starts) start += std::exchange(count, start);
-    for (const PlacedKey& key : from) to[starts[digitOf(key, digit)]++] = key;
-    std::swap(from, to);
-  }
-  if (from.data() != keys.data()) std::copy(from.begin(), from.end(), keys.begin());
-}
-
-void sortTexts(std::span<PlacedKey> keys, const std::uint8_t* texts, std::size_t width) {
+bool sortTexts(std::span<PlacedKey> keys, const std::uint8_t* texts, std::size_t width,
+               const std::function<bool()>& goOn) {
   const auto scratch = std::make_unique_for_overwrite<PlacedKey[]>(keys.size());
-  sortTextsFrom(keys, {scratch.get(), keys.size()}, texts, width, 0);
+  Questions questions(goOn);
+  return sortTextsFrom(keys, {scratch.get(), keys.size()}, texts, width, 0, questions);
 }
 
 // An element's rank is where its equals begin in the end. Equal keys share it and differing ones do not, so
@@ -158,7 +183,8 @@ std::vector<std::int32_t> shellOrder(std::vector<PlacedKey> keys, const std::fun
   const std::size_t count = keys.size();
   {
     const auto scratch = std::make_unique_for_overwrite<PlacedKey[]>(count);
-    sortPlaced(keys, {scratch.get(), count});
+    Questions questions(goOn);
+    if (!sortKeys(keys, {scratch.get(), count}, questions)) return {};
   }
   std::vector<std::int32_t> ranks(count), places(count);
   std::size_t rank = 0;

@@ -25,17 +25,14 @@ inline std::uint64_t keyOfNumber(double value) {
   return bits >> 63 ? ~bits : bits | (std::uint64_t{1} << 63);
 }
 
-// Ascending by key. REQUIRES equal keys in ascending places; they keep their order. scratch: room for as many
-// elements, their values are lost.
-void sortPlaced(std::span<PlacedKey> keys, std::span<PlacedKey> scratch);
-
 // Brings places into the order of texts of `width` bytes (a multiple of 8), compared byte by byte; equal ones
 // by place. The text of place n stands at texts + n x width. keys: each place once, ascending; their numbers
-// are lost.
-void sortTexts(std::span<PlacedKey> keys, const std::uint8_t* texts, std::size_t width);
+// are lost. goOn: asked now and then; when it says no, the order is none and the result false.
+bool sortTexts(std::span<PlacedKey> keys, const std::uint8_t* texts, std::size_t width,
+               const std::function<bool()>& goOn);
 
 // The places in the order that shellSort() would leave the keys in. keys: the places 0, 1, 2 ... in this
-// order. goOn: asked between the passes; when it says no, the result is empty.
+// order. goOn: asked now and then; when it says no, the result is empty.
 std::vector<std::int32_t> shellOrder(std::vector<PlacedKey> keys, const std::function<bool()>& goOn);
 
 // Sorts `keys` ascending and moves `order`, which is as long, along with them: Knuth's gaps, insertion by

@@ -103,6 +103,11 @@ class SortRun {
     return keyOfNumber(static_cast<double>(keyWhole(plain)));
   }
 
+  bool goesOn() {
+    cancelled_ = !steps_.here();
+    return !cancelled_;
+  }
+
   Result<Places> numberOrder() {
     std::vector<PlacedKey> keys(static_cast<std::size_t>(count_));
     for (std::size_t i = 0; i < keys.size(); ++i) keys[i].place = static_cast<std::uint32_t>(i);
@@ -111,10 +116,7 @@ class SortRun {
         [&](std::size_t place, ByteView bytes) { keys[place].key = numberOfBytes(bytes); });
     if (!read) return read.error();
     if (cancelled_) return Places{};
-    return shellOrder(std::move(keys), [&] {
-      cancelled_ = !steps_.here();
-      return !cancelled_;
-    });
+    return shellOrder(std::move(keys), [this] { return goesOn(); });
   }
 
   Result<Places> textOrder() {
@@ -137,7 +139,7 @@ class SortRun {
     steps_.title("Sorting...");
     std::vector<PlacedKey> keys(count);
     for (std::size_t i = 0; i < count; ++i) keys[i].place = static_cast<std::uint32_t>(i);
-    sortTexts(keys, texts.get(), kWide);
+    if (!sortTexts(keys, texts.get(), kWide, [this] { return goesOn(); })) return Places{};
     Places places(count);
     std::transform(keys.begin(), keys.end(), places.begin(),
                    [](const PlacedKey& key) { return static_cast<std::int32_t>(key.place); });

@@ -43,7 +43,8 @@ inline PayloadField field(const char* tag, int kind, int length, float left, flo
 }
 
 // Two pages: name, price, count, due day, total = price x count, a code that is locked once entered; terms,
-// paid and notes; on the second page one more field. A button and a link to the next record on both.
+// paid and notes; on the second page one more field and a button for a new record. A button and a link to the
+// next record on both.
 inline Payload shop() {
   Payload p;
   p.header.title = "Shop";
@@ -92,6 +93,11 @@ inline Payload shop() {
   p.buttons[0].left = 300, p.buttons[0].top = 2700, p.buttons[0].width = 1500, p.buttons[0].height = 450;
   p.buttons[0].backColor = 0xE0E0E0;
   p.buttons[0].image = 1;
+  p.buttons.push_back(p.buttons[0]);
+  p.buttons[1].page = 1;
+  p.buttons[1].caption = "New";
+  p.buttons[1].tag = "<>";
+  p.buttons[1].left = 2100;
   PayloadMenus& menus = p.application.menus;
   menus.fmenu = "&File", menus.mlist = "&Open...", menus.newin = "&New...", menus.exitit = "E&xit";
   menus.ops = "&Edit", menus.pasting = "&Paste", menus.copyadress = "Copy &Record", menus.erasefile = "C&lear", menus.finding = "&Search",

@@ -409,6 +409,16 @@ TEST_F(EngineWindows, ButtonKeepsTheKeyboardAfterItsWork) {
   }
 }
 
+TEST_F(EngineWindows, ButtonForANewRecordLeadsToTheFirstBox) {
+  click(kPageTabId + 1);
+  ::SetFocus(control(kButtonId + 1));
+  pump();
+  const std::int32_t before = session->curRec();
+  press(VK_RETURN);
+  EXPECT_NE(session->curRec(), before);
+  EXPECT_EQ(::GetFocus(), control(kFieldId + kSecondPage));
+}
+
 TEST_F(EngineWindows, BoxShowsWhatWillBeSaved) {
   const HWND name = control(kFieldId + kName);
   ::SetFocus(name);

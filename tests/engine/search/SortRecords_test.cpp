@@ -27,9 +27,12 @@ Result<SortedRecords> sorted(SortFixture& shop, const RecordKey& key, Order* unr
 TEST(KeySort, LeavesEqualNumbersAsShellSortDoes) {
   std::mt19937 random(7);
   for (const std::size_t count : {0, 1, 2, 3, 4, 5, 13, 14, 41, 200, 2500, 10000}) {
-    for (const unsigned values : {1u, 3u, 50u, 4000000000u}) {
+    // The last are two heaps of numbers that differ in their lowest bits only.
+    for (const unsigned values : {1u, 3u, 50u, 4000000000u, 0u}) {
       std::vector<double> keys(count);
-      for (double& key : keys) key = static_cast<double>(random() % values) - 20;
+      for (double& key : keys)
+        key = values ? static_cast<double>(random() % values) - 20
+                     : (random() % 2 ? -1e200 : 1) * (1 + random() % 9000 * 0x1p-52);
       std::vector<PlacedKey> placed(count);
       for (std::size_t i = 0; i < count; ++i)
         placed[i] = {keyOfNumber(keys[i]), static_cast<std::uint32_t>(i)};
@@ -65,8 +68,38 @@ TEST(KeySort, SortsTextsThatDifferLate) {
     const auto text = [&](std::int32_t n) { return texts.data() + static_cast<std::size_t>(n) * kWidth; };
     return std::memcmp(text(a), text(b), kWidth) < 0;
   });
-  sortTexts(keys, texts.data(), kWidth);
+  ASSERT_TRUE(sortTexts(keys, texts.data(), kWidth, [] { return true; }));
   for (std::size_t i = 0; i < kCount; ++i) ASSERT_EQ(static_cast<std::int32_t>(keys[i].place), expected[i]);
+}
+
+TEST(KeySort, StopsWithinAnyOfItsPasses) {
+  constexpr std::size_t kCount = 100000, kWidth = 8;
+  std::mt19937_64 random(5);
+  std::vector<std::uint8_t> texts(kCount * kWidth);
+  for (std::uint8_t& byte : texts) byte = static_cast<std::uint8_t>(random() % 3);
+  std::vector<PlacedKey> numbers(kCount), places(kCount);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    numbers[i] = {random() % 50000, static_cast<std::uint32_t>(i)};
+    places[i].place = static_cast<std::uint32_t>(i);
+  }
+  const auto questionsOf = [](auto sort) {
+    int asked = 0, answered = 0;
+    sort([&] { return ++asked, true; });
+    for (int last = 1; last <= asked; ++last) {
+      int left = last;
+      answered += sort([&] { return --left > 0; });
+      EXPECT_EQ(left, 0) << "goes on after question " << last;
+    }
+    EXPECT_EQ(answered, 0);
+    return asked;
+  };
+  EXPECT_GE(questionsOf([&](const std::function<bool()>& goOn) {
+              std::vector<PlacedKey> keys = places;
+              return sortTexts(keys, texts.data(), kWidth, goOn);
+            }),
+            2);
+  EXPECT_GE(
+      questionsOf([&](const std::function<bool()>& goOn) { return !shellOrder(numbers, goOn).empty(); }), 5);
 }
 
 TEST(TextOrder, PutsAccentsBehindTheirLetterAndCaseAside) {
