@@ -12,6 +12,8 @@ class Progress {
   virtual ~Progress() = default;
   // Begins work with a text above the bar ("" ends it and hides the bar).
   virtual void title(std::string_view text) = 0;
+  // Whether the person may cancel from here on; work begins with yes.
+  virtual void setCancellable(bool) {}
   // `done` of `total` steps; false when the person cancelled.
   virtual bool step(std::int64_t done, std::int64_t total) = 0;
 };

@@ -21,6 +21,7 @@ class RecordSteps {
   RecordSteps& operator=(const RecordSteps&) = delete;
 
   void title(std::string_view text) { progress_.title(text); }
+  void setCancellable(bool cancellable) { progress_.setCancellable(cancellable); }
   // One record more; false when the person cancelled.
   bool next() { return ++done_ % kRecordsPerStep != 0 || here(); }
   // Asks again without a record more.

@@ -137,6 +137,7 @@ class SortRun {
     if (!read) return read.error();
     if (cancelled_) return Places{};
     steps_.title("Sorting...");
+    steps_.setCancellable(false);
     std::vector<PlacedKey> keys(count);
     for (std::size_t i = 0; i < count; ++i) keys[i].place = static_cast<std::uint32_t>(i);
     if (!sortTexts(keys, texts.get(), kWide, [this] { return goesOn(); })) return Places{};

@@ -204,7 +204,7 @@ void BoxWindows::clicked(int button, HWND control) {
   host_.act([&] { host_.session().commandClick(button); });
   const HWND root = ::GetAncestor(control, GA_ROOT), focus = ::GetFocus();
   const bool kept = focus == control || !focus || focus == root;
-  if (!kept || ::GetActiveWindow() != root) return;
+  if (!root || !kept || ::GetActiveWindow() != root) return;
   const std::vector<HWND> stops = tabStops();
   const bool begun = session.newEntry() && session.curRec() != before && !stops.empty();
   ::SetFocus(begun ? stops.front() : control);

@@ -53,12 +53,17 @@ void ProgressWindow::title(std::string_view text) {
   ::SetWindowTextW(handle(), wide(text).c_str());
   ::SendMessageW(item(kBarId), PBM_SETPOS, 0, 0);
   setText(kTextId, "0 %");
-  ::EnableWindow(item(IDCANCEL), TRUE);
+  setCancellable(true);
   // A disabled window keeps the keyboard in its boxes.
   focus_ = ::GetFocus();
   ::EnableWindow(owner_, FALSE);
   if (::IsChild(owner_, focus_)) ::SetFocus(nullptr);
   began_ = drawn_ = ::GetTickCount64();
+}
+
+void ProgressWindow::setCancellable(bool cancellable) {
+  cancellable_ = cancellable;
+  ::EnableWindow(item(IDCANCEL), cancellable);
 }
 
 bool ProgressWindow::step(std::int64_t done, std::int64_t total) {
@@ -70,7 +75,8 @@ bool ProgressWindow::step(std::int64_t done, std::int64_t total) {
     centre(owner_);
     ::ShowWindow(handle(), SW_SHOW);
   }
-  const double part = total > 0 ? std::clamp(static_cast<double>(done) / static_cast<double>(total), 0.0, 1.0) : 0;
+  const double part =
+      total > 0 ? std::clamp(static_cast<double>(done) / static_cast<double>(total), 0.0, 1.0) : 0;
   ::SendMessageW(item(kBarId), PBM_SETPOS, static_cast<WPARAM>(part * kRange), 0);
   setText(kTextId, std::to_string(static_cast<int>(part * 100)) + " %");
   pumpWaitingMessages(this);
@@ -78,13 +84,10 @@ bool ProgressWindow::step(std::int64_t done, std::int64_t total) {
 }
 
 LRESULT ProgressWindow::message(UINT message, WPARAM wide, LPARAM param) {
-  if (message == WM_COMMAND && LOWORD(wide) == IDCANCEL) {
-    cancelled_ = true;
+  if (message == WM_CLOSE || (message == WM_COMMAND && LOWORD(wide) == IDCANCEL)) {
+    // Esc comes here also while the button is grey.
+    if (cancellable_) cancelled_ = true;
     ::EnableWindow(item(IDCANCEL), FALSE);
-    return 0;
-  }
-  if (message == WM_CLOSE) {
-    cancelled_ = true;
     return 0;
   }
   return standard(message, wide, param);

@@ -14,6 +14,7 @@ class ProgressWindow : public ToolWindow, public Progress {
   bool open(HWND owner);
 
   void title(std::string_view text) override;
+  void setCancellable(bool cancellable) override;
   bool step(std::int64_t done, std::int64_t total) override;
 
  protected:
@@ -21,7 +22,7 @@ class ProgressWindow : public ToolWindow, public Progress {
 
  private:
   HWND owner_ = nullptr, focus_ = nullptr;  // focus_: the window that had the keyboard before
-  bool working_ = false, cancelled_ = false;
+  bool working_ = false, cancellable_ = true, cancelled_ = false;
   ULONGLONG began_ = 0, drawn_ = 0;
 };
 

@@ -191,6 +191,7 @@ TEST(SortRecords, EndsWellWhenCancelledEmptyOrUnreadable) {
   SortFixture shop;
   EXPECT_TRUE(sorted(shop, shop.field(1))->order.empty());
   EXPECT_TRUE(sorted(shop, shop.field(2))->order.empty());
+  EXPECT_EQ(shop.progress.uncancellable, (std::vector<std::string>{"Sorting..."})) << "texts only";
   for (int n = 0; n < 1300; ++n) shop.addText(shop.field(1), std::to_string(n % 10));
   for (const int n : {1, 2}) {
     shop.progress.cancelAtStep = shop.progress.steps + 2;
